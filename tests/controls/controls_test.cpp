@@ -1,0 +1,102 @@
+#include "controls/controls.h"
+
+#include <gtest/gtest.h>
+
+#include "controls/indexed_array.h"
+
+namespace monitra::controls {
+namespace {
+
+using Log = std::vector<std::string>;
+
+TEST(Property, RaisesOnceInsideTheAssignmentAndOnlyOnAChange) {
+  Property<int> value(5);
+  Log log;
+  value.observe([&] { log.push_back("view " + std::to_string(value)); });
+  value.handle([&] { log.push_back("event " + std::to_string(value)); });
+  value = 5;
+  EXPECT_EQ(log, Log{});
+  value = 6;
+  EXPECT_EQ(log, (Log{"view 6", "event 6"}));
+}
+
+TEST(Property, HandlerMayAssignNestedAndTheOuterAssignmentGoesOn) {
+  Property<int> value(0);
+  Log log;
+  value.handle([&] {
+    log.push_back("in " + std::to_string(value));
+    if (value > 9) value = 9;
+    log.push_back("out " + std::to_string(value));
+  });
+  value = 70;
+  EXPECT_EQ(log, (Log{"in 70", "in 9", "out 9", "out 9"}));
+}
+
+TEST(Property, AssignedFromAnotherPropertyTakesItsValueAndRaises) {
+  Property<std::string> from("új");
+  Property<std::string> to("régi");
+  int events = 0;
+  to.handle([&] { ++events; });
+  to = from;
+  EXPECT_EQ(to.get(), "új");
+  EXPECT_EQ(events, 1);
+}
+
+TEST(SpinButton, LogicComesFirstAndAPressAtALimitStillRaisesIt) {
+  SpinButton spin(1, 255, 254);
+  Log log;
+  spin.SpinUp.handle([&] { log.push_back("up " + std::to_string(spin.Value)); });
+  spin.SpinDown.handle([&] { log.push_back("down " + std::to_string(spin.Value)); });
+  spin.Value.handle([&] { log.push_back("change " + std::to_string(spin.Value)); });
+  spin.pressUp();
+  spin.pressUp();
+  EXPECT_EQ(log, (Log{"up 254", "change 255", "up 255"}));
+  log.clear();
+  spin.Value = 300;
+  spin.Value = -7;
+  spin.pressDown();
+  EXPECT_EQ(log, (Log{"change 1", "down 1"})) << "a value outside the limits takes the nearest";
+  log.clear();
+  spin.Enabled = false;
+  spin.pressUp();
+  EXPECT_EQ(log, Log{});
+}
+
+TEST(PickList, AlwaysHasASelectedEntry) {
+  PickList list({"a", "b", "c"});
+  EXPECT_EQ(list.text(), "a");
+  list.ListIndex = 7;
+  EXPECT_EQ(list.text(), "c");
+  list.select(-1);
+  EXPECT_EQ(list.text(), "a");
+}
+
+TEST(UserActions, DoNothingOnALockedOrDisabledControl) {
+  TextBox box("24", true);
+  box.type("99");
+  EXPECT_EQ(box.Text.get(), "24");
+  CheckBox check;
+  check.Enabled = false;
+  check.click();
+  EXPECT_FALSE(check.Checked);
+  PushButton button(false);
+  int clicks = 0;
+  button.Click.handle([&] { ++clicks; });
+  button.click();
+  button.Enabled = true;
+  button.click();
+  EXPECT_EQ(clicks, 1);
+}
+
+#ifndef NDEBUG
+TEST(IndexedArrayDeathTest, StopsOnAnIndexOfAnotherGroup) {
+  IndexedArray<int, 6, 3> group;
+  group[7] = 24;
+  EXPECT_EQ(group[7], 24);
+  EXPECT_DEATH(group[0] = 1, "index >= first");
+  EXPECT_DEATH(group[9] = 1, "index < end");
+}
+#endif
+
+}  // namespace
+}  // namespace monitra::controls
