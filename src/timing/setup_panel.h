@@ -1,0 +1,76 @@
+#pragma once
+
+#include <string>
+
+#include "controls/controls.h"
+#include "controls/indexed_array.h"
+#include "timing/setup.h"
+
+namespace monitra::timing {
+
+/// The controls that hold and show the Setup, with the values of the window description.
+/// A field's spin value and text are separate data; each reader takes the one that it names.
+struct SetupPanel {
+  template <int First>
+  using Boxes = controls::IndexedArray<controls::TextBox, First, 3>;
+  using Labels = controls::IndexedArray<controls::Label, 0, 3>;
+
+  SetupPanel();
+
+  /// The text box of the timing field i, 0 to 11.
+  controls::TextBox& box(int i);
+  const controls::TextBox& box(int i) const;
+
+  /// The Setup as the spin values, the list and the check boxes hold it.
+  Setup spinValues() const;
+
+  struct TimingSpin : controls::SpinButton {
+    TimingSpin() : SpinButton(1, 255, 1) {}
+  };
+  struct TimingBox : controls::TextBox {
+    TimingBox() : TextBox({}, true) {}
+  };
+
+  controls::IndexedArray<TimingSpin, 0, timingFields> FolLe;
+  controls::IndexedArray<TimingBox, 0, 3> TF;
+  controls::IndexedArray<TimingBox, 3, 3> T1;
+  controls::IndexedArray<TimingBox, 6, 3> T2;
+  controls::IndexedArray<TimingBox, 9, 3> T3;
+
+  controls::Label Xttarto{"Label7"};
+  controls::Label Yttarto{"Label7"};
+  controls::Label Zttarto{"Label7"};
+  Labels Csucsf;
+  Labels Nhatar;
+
+  controls::PickList Funkcio;
+  controls::TextBox Ut{"1000"};
+  controls::SpinButton Utfolle{1, 65535, 1000};
+  controls::TextBox Spm{"0.0125"};
+  controls::Label Uthossz{"1"};
+  controls::TextBox Tures{"1"};
+  controls::SpinButton Turesfolle{0, 255, 1};
+  controls::CheckBox Xegesz{"X - egész léptetés"};
+  controls::CheckBox Yegesz{"Y - egész léptetés"};
+  controls::CheckBox Zegesz{"Z - egész léptetés"};
+
+  controls::Label Label15{"Firmware verzió:"};
+  controls::Label Verz{"???"};
+  controls::Label Vegallas{"Végállások állapota: üres"};
+
+  /// The edition in force is the checked one of these two entries.
+  controls::MenuEntry MBKVilor{true};
+  controls::MenuEntry MBKTarso;
+  controls::Label Cim{"Gerjesztés: Hibrid PWM (10 kHz)"};
+  controls::Label lepes{" Vilor Firmware: egészlépés "};
+  controls::Line LineVilor1;
+  controls::Line LineVilor2;
+  controls::Line LineVilor3;
+  controls::Line LineTarso1{false};
+  controls::Line LineTarso2{false};
+
+  controls::PushButton Letolt{false};
+  controls::ProgressBar Bar;
+};
+
+}  // namespace monitra::timing
