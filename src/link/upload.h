@@ -1,0 +1,36 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "link/serial_line.h"
+#include "platform/message_box.h"
+#include "timing/setup_panel.h"
+
+namespace monitra::link {
+
+inline constexpr std::uint8_t SetupIndit = 85;
+inline constexpr std::uint8_t SetupZaro = 255;
+
+using SetupMessage = std::array<std::uint8_t, 20>;
+
+/// The message that carries a Setup into the controller, in sending order.
+SetupMessage setupMessage(const timing::Setup& setup);
+
+/// The button that sends the Setup. Binds its handler to the panel; all arguments must outlive it.
+class Upload {
+ public:
+  Upload(timing::SetupPanel& panel, SerialLine& line, platform::MessageBox& box);
+
+  /// Asks, and on Yes sends the whole message in one blocking run.
+  void Letolt_Click();
+
+ private:
+  void send(const SetupMessage& message);
+
+  timing::SetupPanel& panel_;
+  SerialLine& line_;
+  platform::MessageBox& box_;
+};
+
+}  // namespace monitra::link
