@@ -1,0 +1,49 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "platform/port_registers.h"
+#include "platform/sleeper.h"
+
+namespace monitra::ports {
+
+/// One access to a register, or one wait.
+struct PortEvent {
+  enum class Kind { Read, Write, Sleep };
+  Kind kind;
+  std::int32_t address;          ///< of a register; 0 for a wait
+  int value;                     ///< read or written byte; milliseconds of a wait
+  std::chrono::nanoseconds end;  ///< when it was over, on the recorder's clock
+};
+
+/// Passes everything on to real registers and waits, and keeps a record of it in order.
+class Recorder : public platform::PortRegisters, public platform::Sleeper {
+ public:
+  using Clock = std::function<std::chrono::nanoseconds()>;
+
+  /// What it is given must outlive it. The clock never goes back.
+  Recorder(platform::PortRegisters& registers, platform::Sleeper& sleeper, Clock clock);
+
+  std::uint8_t DlPortReadPortUchar(std::int32_t address) override;
+  void DlPortWritePortUchar(std::int32_t address, std::uint8_t value) override;
+  void Sleep(int milliseconds) override;
+
+  const std::vector<PortEvent>& events() const { return events_; }
+  void clear() { events_.clear(); }
+
+ private:
+  void keep(PortEvent::Kind kind, std::int32_t address, int value);
+
+  platform::PortRegisters& registers_;
+  platform::Sleeper& sleeper_;
+  Clock clock_;
+  std::vector<PortEvent> events_;
+};
+
+/// The monotonic clock.
+std::chrono::nanoseconds monotonicTime();
+
+}  // namespace monitra::ports

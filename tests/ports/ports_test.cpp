@@ -1,0 +1,123 @@
+#include <gtest/gtest.h>
+
+#include "ports/recorder.h"
+#include "ports/register_memory.h"
+#include "ports/simulated_port.h"
+#include "ports/vcd.h"
+
+namespace monitra::ports {
+namespace {
+
+using Lines = std::vector<std::string>;
+using std::chrono::microseconds;
+
+/// What every implementation of the registers promises its callers.
+template <class Port>
+class PortContract : public testing::Test {
+ public:
+  Port port;
+};
+
+using Ports = testing::Types<RegisterMemory, SimulatedPort>;
+TYPED_TEST_SUITE(PortContract, Ports);
+
+TYPED_TEST(PortContract, ReadsBackEveryValueOfEveryRegister) {
+  for (const std::int32_t base : {0x378, 0x278, 0x3BC}) {
+    for (int value = 0; value < 256; ++value) {
+      this->port.DlPortWritePortUchar(base, static_cast<std::uint8_t>(value));
+      this->port.DlPortWritePortUchar(base + 2, static_cast<std::uint8_t>(value & 0x0F));
+      EXPECT_EQ(this->port.DlPortReadPortUchar(base), value);
+      EXPECT_EQ(this->port.DlPortReadPortUchar(base + 2) & 0x0F, value & 0x0F);
+    }
+  }
+  EXPECT_EQ(this->port.DlPortReadPortUchar(0x378), 255);
+}
+
+/// Clocks bytes into a port by its pins alone.
+void send(SimulatedPort& port, std::int32_t address, int dataBit, int clockBit,
+          const std::vector<int>& bytes) {
+  for (const int byte : bytes) {
+    for (int n = 0; n < 8; ++n) {
+      const int data = (byte >> n & 1) << dataBit;
+      for (const int levels : {data, data | 1 << clockBit, data}) {
+        port.DlPortWritePortUchar(address, static_cast<std::uint8_t>(levels));
+      }
+    }
+  }
+}
+
+struct Heard : testing::Test {
+  Heard() {
+    port.received = [this](std::int32_t address, const Wiring& wiring, const Received& message) {
+      const char* const kinds[] = {"setup ", "frame ", "unknown "};
+      heard.push_back(std::to_string(address) + " " + std::string(wiring.board) + " " +
+                      kinds[static_cast<int>(message.kind)] + bytesText(message.bytes));
+    };
+  }
+
+  SimulatedPort port;
+  std::vector<std::string> heard;
+};
+
+TEST_F(Heard, EachBoardHearsItsOwnClockAndOnlyItsOwnPort) {
+  send(port, 0x378, 5, 7, {99, 0, 16});
+  send(port, 0x278, 5, 2, {110, 0, 4});
+  send(port, 0x37A, 5, 7, {120, 0, 1});
+  EXPECT_EQ(heard, (Lines{"888 PCB V4.x frame 99 0 16", "632 PCB V3.2 frame 110 0 4"}));
+}
+
+TEST_F(Heard, TellsSetupFramesAndBytesThatMakeNoMessage) {
+  const std::string setup = "85 0 244 91 24 24 244 91 24 24 244 91 24 24 0 3 232 1 0 ";
+  send(port, 0x378, 5, 7, {7});
+  for (const int last : {255, 254}) {
+    send(port, 0x378, 5, 7,
+         {85, 0, 244, 91, 24, 24, 244, 91, 24, 24, 244, 91, 24, 24, 0, 3, 232, 1, 0, last});
+  }
+  send(port, 0x378, 5, 7, {99, 0, 3, 120, 1, 16, 120, 0, 8});
+  EXPECT_EQ(heard, (Lines{"888 PCB V4.x unknown 7", "888 PCB V4.x setup " + setup + "255",
+                          "888 PCB V4.x unknown " + setup + "254", "888 PCB V4.x unknown 99 0 3",
+                          "888 PCB V4.x unknown 120 1 16", "888 PCB V4.x frame 120 0 8"}));
+}
+
+TEST_F(Heard, AClockThatIsHighAtTheStartCostsTheFirstBit) {
+  port.DlPortWritePortUchar(0x378, 0x80);
+  for (const int levels : {0xA0, 0xA0, 0x20}) {
+    port.DlPortWritePortUchar(0x378, static_cast<std::uint8_t>(levels));
+  }
+  send(port, 0x378, 5, 7, {99, 0, 16});
+  EXPECT_EQ(heard, (Lines{"888 PCB V4.x frame 99 0 16"}));
+}
+
+TEST(Vcd, GivesEveryWriteOfThePortAtItsTime) {
+  const VcdPort port{0x378,
+                     0x37A,
+                     {"D0", "D1", "D2", "D3", "D4", "D5_Adat", "D6", "D7_Orajel"},
+                     {"C0", "C1_Spindle", "C2", "C3", "C4", "C5", "C6", "C7"}};
+  using Kind = PortEvent::Kind;
+  const std::string dump = vcd(port, {{Kind::Read, 0x378, 0x01, microseconds(5)},
+                                      {Kind::Write, 0x378, 0x21, microseconds(7)},
+                                      {Kind::Sleep, 0, 1, microseconds(1007)},
+                                      {Kind::Read, 0x378, 0x21, microseconds(1008)},
+                                      {Kind::Write, 0x278, 0xFF, microseconds(1008)},
+                                      {Kind::Write, 0x37A, 0x02, microseconds(1009)},
+                                      {Kind::Write, 0x378, 0x21, microseconds(1010)},
+                                      {Kind::Sleep, 0, 1, microseconds(2010)}});
+  const auto levels = [](const char* bits, char first) {
+    std::string lines;
+    for (int bit = 0; bit < 8; ++bit) {
+      lines += std::string(1, bits[7 - bit]) + static_cast<char>(first + bit) + "\n";
+    }
+    return lines;
+  };
+  EXPECT_NE(dump.find("$timescale 1 us $end"), std::string::npos);
+  EXPECT_NE(dump.find("$var wire 1 & D5_Adat $end\n"), std::string::npos);
+  EXPECT_NE(dump.find("$var wire 1 * C1_Spindle $end\n"), std::string::npos);
+  const std::string expected =
+      "#0\n$dumpvars\n" + levels("xxxxxxxx", '!') + levels("xxxxxxxx", ')') + "$end\n#0\n" +
+      levels("00000001", '!') + "#2\n" + levels("00100001", '!') + "#1004\n" +
+      levels("00000010", ')') + "#1005\n" + levels("00100001", '!') + "#2005\n";
+  EXPECT_EQ(dump.substr(dump.find("#0\n")), expected);
+}
+
+}  // namespace
+}  // namespace monitra::ports

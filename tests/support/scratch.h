@@ -1,0 +1,42 @@
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdlib.h>
+#include <string>
+
+namespace monitra::support {
+
+/// A folder of its own for each test, removed with the object.
+class Scratch {
+ public:
+  Scratch() {
+    std::string name = (std::filesystem::temp_directory_path() / "monitra-XXXXXX").string();
+    folder_ = ::mkdtemp(name.data());
+  }
+  Scratch(const Scratch&) = delete;
+  Scratch& operator=(const Scratch&) = delete;
+  ~Scratch() {
+    std::error_code ignored;
+    std::filesystem::permissions(folder_, std::filesystem::perms::owner_all, ignored);
+    std::filesystem::remove_all(folder_, ignored);
+  }
+
+  std::string path(const std::string& name = {}) const {
+    return name.empty() ? folder_.string() : (folder_ / name).string();
+  }
+  std::string write(const std::string& name, const std::string& bytes) const {
+    std::ofstream(path(name), std::ios::binary) << bytes;
+    return path(name);
+  }
+  std::string read(const std::string& name) const {
+    std::ifstream file(path(name), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+
+ private:
+  std::filesystem::path folder_;
+};
+
+}  // namespace monitra::support
