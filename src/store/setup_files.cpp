@@ -1,0 +1,118 @@
+#include "store/setup_files.h"
+
+#include <memory>
+
+#include "store/pwm_format.h"
+#include "store/text_reader.h"
+#include "store/window_title.h"
+#include "timing/numbers.h"
+
+namespace monitra::store {
+
+using platform::BoxAnswer;
+using platform::Failure;
+namespace box_style = platform::box_style;
+
+SetupFiles::SetupFiles(const Outside& outside, timing::Kozos& kozos, timing::SetupPanel& panel,
+                       timing::Editions& editions, controls::Form& form)
+    : outside_(outside), kozos_(kozos), panel_(panel), editions_(editions), form_(form) {}
+
+Failure SetupFiles::MFSetMent_Click() {
+  kozos_.Modositott = 0;
+  prepareDialog();
+  Failure failure = outside_.Fileablak.ShowSave();
+  if (failure == Failure::None) {
+    if (exists() &&
+        outside_.box.MsgBox("'" + outside_.Fileablak.FileTitle + "' már létezik!\r\nFelülírjam?",
+                            box_style::exclamation | box_style::yesNo) == BoxAnswer::No) {
+      return Failure::Cancel;
+    }
+    failure = write();
+  }
+  report(failure);
+  return failure;
+}
+
+Failure SetupFiles::write() {
+  std::unique_ptr<platform::ByteWriter> file;
+  Failure failure = outside_.files.openForWriting(outside_.Fileablak.FileName, file);
+  if (failure != Failure::None) return failure;
+  const PwmTexts texts = pwmTexts(panel_, kozos_);
+  for (const std::string& record : texts.records) {
+    failure = file->write(outside_.codePage.fromUtf8(record) + "\r\n");
+    if (failure != Failure::None) return failure;
+  }
+  failure = file->close();
+  return texts.failure != Failure::None ? texts.failure : failure;
+}
+
+OpenResult SetupFiles::MFSetNyit_Click() {
+  OpenResult result;
+  prepareDialog();
+  result.failure = outside_.Fileablak.ShowOpen();
+  if (result.failure == Failure::None) {
+    if (!exists()) {
+      outside_.box.MsgBox(
+          "'" + outside_.Fileablak.FileTitle + "' nem létezik!\r\nAdjon meg létező File nevet!",
+          box_style::critical | box_style::okOnly);
+      result.failure = Failure::FileNotFound;
+      return result;
+    }
+    kozos_.FirmwareNev.clear();
+    form_.Caption = windowTitle(outside_.program, outside_.Fileablak.FileTitle);
+    result = read();
+  }
+  if (result.failure != Failure::None) {
+    report(result.failure);
+    return result;
+  }
+  editions_.KiadasValaszt();
+  kozos_.Modositott = 0;
+  return result;
+}
+
+OpenResult SetupFiles::read() {
+  OpenResult result;
+  std::unique_ptr<platform::ByteReader> file;
+  result.failure = outside_.files.openForReading(outside_.Fileablak.FileName, file);
+  if (result.failure != Failure::None) return result;
+  TextReader reader(std::move(file));
+  std::string bytes;
+  for (int record = 1; record <= pwmRecords; ++record) {
+    result.failure =
+        record <= pwmWholeLineRecords ? reader.readLine(bytes) : reader.readField(bytes);
+    if (result.failure != Failure::None) return result;
+    const std::string text = outside_.codePage.toUtf8(bytes);
+    if (applyPwmRecord(record, text, panel_, kozos_)) ++result.adjusted;
+    ++result.records;
+  }
+  return result;
+}
+
+void SetupFiles::prepareDialog() {
+  outside_.Fileablak.Filter = "Setup File (*.pwm)|*.pwm|Minden File (*.*)|*.*";
+  outside_.Fileablak.FileName = "Modositott.pwm";
+}
+
+bool SetupFiles::exists() {
+  const std::string& title = outside_.Fileablak.FileTitle;
+  return !title.empty() && outside_.files.Dir(outside_.Fileablak.FileName) == title;
+}
+
+void SetupFiles::report(Failure failure) {
+  switch (failure) {
+    case Failure::None:
+    case Failure::Cancel:
+    case Failure::EndOfFile:
+      return;
+    case Failure::PathFileAccess:
+      outside_.box.MsgBox("Drive Problem ! No Write in Drive.", box_style::okOnly);
+      return;
+    default:
+      outside_.box.MsgBox(
+          "Eror in File funktions ! Error Code:" + timing::numberText(static_cast<int>(failure)),
+          box_style::okOnly);
+  }
+}
+
+}  // namespace monitra::store

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/files.h"
+
+namespace monitra::store {
+
+/// A text file read line by line or field by field, as bytes. A line ends with CR LF, LF or CR,
+/// and the last one also with the file.
+class TextReader {
+ public:
+  explicit TextReader(std::unique_ptr<platform::ByteReader> file) : file_(std::move(file)) {}
+
+  /// The rest of the line. Failure::EndOfFile if nothing is left, not even an empty line.
+  platform::Failure readLine(std::string& line);
+
+  /// Blanks are skipped; the field goes up to the next comma or to the end of the line.
+  platform::Failure readField(std::string& field);
+
+ private:
+  platform::Failure readUntil(std::string& text, bool commaEnds, bool skipBlanks);
+  /// Makes sure that there is a next byte.
+  platform::Failure fill();
+
+  std::unique_ptr<platform::ByteReader> file_;
+  std::string chunk_;
+  std::size_t at_ = 0;
+};
+
+}  // namespace monitra::store

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "host/host_files.h"
+
+namespace monitra::support {
+
+/// The computer's own files, where chosen calls fail.
+class FaultyFiles : public platform::Files {
+ public:
+  std::string Dir(const std::string& path) override { return real_.Dir(path); }
+
+  platform::Failure openForReading(const std::string& path,
+                                   std::unique_ptr<platform::ByteReader>& file) override {
+    if (openFails != platform::Failure::None) return openFails;
+    return real_.openForReading(path, file);
+  }
+
+  platform::Failure openForWriting(const std::string& path,
+                                   std::unique_ptr<platform::ByteWriter>& file) override {
+    const platform::Failure failure = real_.openForWriting(path, file);
+    if (failure == platform::Failure::None) file = std::make_unique<Writer>(std::move(file), *this);
+    return failure;
+  }
+
+  platform::Failure openFails = platform::Failure::None;
+  int writesThatSucceed = -1;  ///< -1: all
+  platform::Failure writeFails = platform::Failure::DiskFull;
+  platform::Failure closeFails = platform::Failure::None;
+
+ private:
+  class Writer : public platform::ByteWriter {
+   public:
+    Writer(std::unique_ptr<platform::ByteWriter> real, FaultyFiles& faults)
+        : real_(std::move(real)), faults_(faults) {}
+
+    platform::Failure write(std::string_view bytes) override {
+      if (faults_.writesThatSucceed == 0) return faults_.writeFails;
+      if (faults_.writesThatSucceed > 0) --faults_.writesThatSucceed;
+      return real_->write(bytes);
+    }
+    platform::Failure close() override {
+      const platform::Failure failure = real_->close();
+      return faults_.closeFails != platform::Failure::None ? faults_.closeFails : failure;
+    }
+
+   private:
+    std::unique_ptr<platform::ByteWriter> real_;
+    FaultyFiles& faults_;
+  };
+
+  host::HostFiles real_;
+};
+
+}  // namespace monitra::support
