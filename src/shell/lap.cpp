@@ -1,0 +1,114 @@
+#include "shell/lap.h"
+
+#include <memory>
+#include <utility>
+
+#include "shell/event_texts.h"
+#include "store/text_reader.h"
+#include "store/window_title.h"
+
+namespace monitra::shell {
+
+using platform::BoxAnswer;
+namespace box_style = platform::box_style;
+
+Lap::Lap(Outside outside)
+    : outside_(std::move(outside)),
+      preferences_(outside_.settings, outside_.program.EXEName),
+      timingFields_(kozos, setup),
+      editions_(kozos, setup, timingFields_, outside_.box),
+      tuningFields_(setup),
+      port_(port, outside_.settings, outside_.program),
+      line_(port_, outside_.registers, outside_.sleeper),
+      frames_(line_),
+      upload_(setup, line_, outside_.box),
+      files_(
+          {outside_.Fileablak, outside_.files, outside_.codePage, outside_.box, outside_.program},
+          kozos, setup, editions_, form) {
+  MFSetNyit.Click.handle([this] { openSetup(); });
+  MFSetMent.Click.handle([this] { saveSetup(); });
+  MFkilepes.Click.handle([this] { MFkilepes_Click(); });
+  SSTab1.Tab.handle([this] { SSTab1_Click(); });
+}
+
+void Lap::Form_Load() {
+  kozos.VerFo = "5";
+  kozos.VerAl = "0";
+  kozos.VerRev = "3";
+  kozos.Modositott = 0;
+  port.LPT.ListIndex = preferences_.lptIndex();
+  jog.Seb.Text = preferences_.seb();
+  for (int n = 0; n < 3; ++n) jog.Invert[n].Checked = preferences_.inverted(n);
+  kozos.Alapido = timing::slowBase;
+  setup.Verz.Caption = "V?.?.?";
+  kozos.FirmwareNev.clear();
+  timingFields_.MindFrissit();
+  setup.Funkcio.ListIndex = 0;
+  tuningFields_.showUthossz();
+  form.Caption = store::windowTitle(outside_.program);
+  port_.selectPcb(preferences_.boardV4x() ? link::Pcb::V4x : link::Pcb::V32);
+  port_.showPcb();
+  port_.BitFeliratok();
+  loadInfo();
+  line_.SorosAlap();
+  editions_.MBKTarso_Click();
+}
+
+void Lap::loadInfo() {
+  const std::string name = "Info.txt";
+  const std::string path = outside_.program.Path + "/" + name;
+  std::unique_ptr<platform::ByteReader> file;
+  if (outside_.files.Dir(path) != name ||
+      outside_.files.openForReading(path, file) != platform::Failure::None) {
+    InfoT.Text = "hiányzik";
+    return;
+  }
+  store::TextReader reader(std::move(file));
+  std::string text;
+  for (std::string line; reader.readLine(line) == platform::Failure::None;) text += line + "\r\n";
+  InfoT.Text = outside_.codePage.toUtf8(text);
+}
+
+void Lap::Form_Unload() {
+  if (kozos.Modositott != 0 &&
+      outside_.box.MsgBox("Nem mentette a beállításokat!\r\nBefejezés előtt akarja ezeket menteni?",
+                          box_style::question | box_style::yesNo) == BoxAnswer::Yes) {
+    files_.MFSetMent_Click();
+  }
+  switchOffAndEnd();
+}
+
+void Lap::endWithoutQuestion() {
+  switchOffAndEnd();
+}
+
+void Lap::switchOffAndEnd() {
+  if (std::exchange(ended_, true)) return;
+  frames_.allMotorsOff();
+  preferences_.save(port.LPT.ListIndex, jog.Seb.Text,
+                    {jog.Invert[0].Checked, jog.Invert[1].Checked, jog.Invert[2].Checked});
+  outside_.end();
+}
+
+void Lap::MFkilepes_Click() {
+  Form_Unload();
+}
+
+void Lap::SSTab1_Click() {
+  constexpr int pcLink = 2;
+  if (SSTab1.Tab == pcLink) line_.SorosAlap();
+}
+
+void Lap::openSetup() {
+  Esemeny.Caption = "";
+  const store::OpenResult result = files_.MFSetNyit_Click();
+  Esemeny.Caption = openingText(result);
+}
+
+void Lap::saveSetup() {
+  Esemeny.Caption = "";
+  const platform::Failure failure = files_.MFSetMent_Click();
+  Esemeny.Caption = savingText(failure, outside_.Fileablak.FileName);
+}
+
+}  // namespace monitra::shell

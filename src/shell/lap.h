@@ -1,0 +1,107 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "bench/jog_panel.h"
+#include "controls/controls.h"
+#include "link/command_frames.h"
+#include "link/port.h"
+#include "link/port_panel.h"
+#include "link/serial_line.h"
+#include "link/upload.h"
+#include "platform/file_dialog.h"
+#include "platform/files.h"
+#include "platform/message_box.h"
+#include "platform/port_registers.h"
+#include "platform/program_identity.h"
+#include "platform/settings_store.h"
+#include "platform/sleeper.h"
+#include "store/preferences.h"
+#include "store/setup_files.h"
+#include "timing/editions.h"
+#include "timing/kozos.h"
+#include "timing/setup_panel.h"
+#include "timing/timing_fields.h"
+#include "timing/tuning_fields.h"
+
+namespace monitra::shell {
+
+/// All that the program asks of the outside world. What it refers to must outlive the Lap.
+struct Outside {
+  platform::PortRegisters& registers;
+  platform::Sleeper& sleeper;
+  platform::MessageBox& box;
+  platform::FileDialog& Fileablak;
+  platform::Files& files;
+  const platform::CodePage& codePage;
+  platform::SettingsStore& settings;
+  const platform::ProgramIdentity& program;
+  /// Ends the process at once.
+  std::function<void()> end;
+};
+
+/// The window: the panels of all rooms, the handlers on them, start-up and shutdown.
+/// Handlers are bound on construction; Form_Load is to be called once, before anything else.
+class Lap {
+ public:
+  explicit Lap(Outside outside);
+  Lap(const Lap&) = delete;
+  Lap& operator=(const Lap&) = delete;
+
+  void Form_Load();
+
+  /// Shutdown: the question on unsaved changes, the motors off, the preferences, the end. Can't be
+  /// refused. A second call, from inside the first one's question, goes through and wins.
+  void Form_Unload();
+
+  /// Shutdown without its question, for a signal or the end of the desktop session.
+  void endWithoutQuestion();
+
+  void MFkilepes_Click();
+  void SSTab1_Click();
+
+  /// Applies a board revision without storing the choice.
+  void usePcb(link::Pcb pcb) { port_.PcbAlkalmaz(pcb); }
+  link::Pcb pcb() const { return port_.pcb(); }
+
+  /// The file operations, for a caller that needs to know how they ended.
+  store::SetupFiles& setupFiles() { return files_; }
+
+  timing::Kozos kozos;
+  controls::Form form;
+  timing::SetupPanel setup;
+  link::PortPanel port;
+  bench::JogPanel jog;
+
+  controls::TabStrip SSTab1{4};
+  controls::MenuEntry MFSetNyit;
+  controls::MenuEntry MFSetMent;
+  controls::MenuEntry MFkilepes;
+  controls::TextBox InfoT{{}, true};
+
+  /// The footer's status: which port is in use, to be set by whoever provides the port; and what
+  /// the last operation came to, where no box tells it.
+  controls::Label PortAllapot;
+  controls::Label Esemeny;
+
+ private:
+  void openSetup();
+  void saveSetup();
+  void switchOffAndEnd();
+  void loadInfo();
+
+  Outside outside_;
+  store::Preferences preferences_;
+  timing::TimingFields timingFields_;
+  timing::Editions editions_;
+  timing::TuningFields tuningFields_;
+  link::Port port_;
+  link::SerialLine line_;
+  link::CommandFrames frames_;
+  link::Upload upload_;
+  store::SetupFiles files_;
+  bool ended_ = false;
+};
+
+}  // namespace monitra::shell

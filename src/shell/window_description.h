@@ -1,0 +1,45 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+namespace monitra::shell {
+
+/// The fixed words of a control. The elements of a control array that share them have one entry
+/// under the array's name; an element with its own has one under "Name(index)".
+struct ControlWords {
+  std::string_view name;
+  std::string_view caption;  ///< empty where the program sets the caption, or there is none
+  std::string_view tooltip;
+};
+
+/// The words of a control that has an entry; a name without one is an error of the caller.
+const ControlWords& controlWords(std::string_view name);
+
+/// Captions of the tabs, in the order of SSTab1.
+std::span<const std::string_view> tabCaptions();
+
+/// A straight line of the timing diagram on the tab "Motor Setup", in twips of the tab's own
+/// space, y growing downwards.
+struct DiagramLine {
+  std::string_view name;
+  int x1, y1, x2, y2;
+  bool marker = false;  ///< red and dotted
+};
+
+std::span<const DiagramLine> diagramLines();
+
+/// A column head under the diagram: the place of its left edge and top, in the same twips.
+struct DiagramHead {
+  std::string_view name;
+  int x, y;
+  bool enabled = true;
+};
+
+std::span<const DiagramHead> diagramHeads();
+
+/// Client area of the window in twips, 1440 to the inch.
+inline constexpr int clientWidth = 9390;
+inline constexpr int clientHeight = 6720;
+
+}  // namespace monitra::shell

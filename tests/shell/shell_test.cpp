@@ -1,0 +1,144 @@
+#include <gtest/gtest.h>
+
+#include "shell/window_description.h"
+#include "support/program.h"
+
+namespace monitra::shell {
+namespace {
+
+using platform::BoxAnswer;
+using support::Journal;
+
+const std::string question =
+    "box 36: Nem mentette a beállításokat!\r\nBefejezés előtt akarja ezeket menteni?";
+const std::string save = "save Setup File (*.pwm)|*.pwm|Minden File (*.*)|*.* Modositott.pwm";
+
+struct Shell : testing::Test, support::Program {
+  /// What a shutdown does, from this state of the data register and after these lines.
+  static Journal shutdown(std::uint8_t state, Journal expected = {}) {
+    support::expectBytes(expected, "378", state, 5, 7, {99, 0, 16, 110, 0, 16, 120, 0, 16});
+    for (const char* entry : {"LPT= 0", "Seb=100", "Inv0=0", "Inv1=0", "Inv2=0"}) {
+      expected.push_back(std::string("set Monitra Setup/Setup.") + entry);
+    }
+    expected.emplace_back("end");
+    return expected;
+  }
+};
+
+TEST_F(Shell, StartUpRunsInItsOrderAndEndsInTheSecondEdition) {
+  registers.values[0x378] = 0xFF;
+  const auto note = [this](controls::Property<std::string>& text) {
+    text.observe([this, &text] { journal.push_back(text); });
+  };
+  for (auto* label : {&lap.port.PCBV, &lap.setup.Cim, &lap.setup.Xttarto}) note(label->Caption);
+  for (auto* text : {&lap.form.Caption, &lap.port.Bitcim[8].Caption, &lap.InfoT.Text}) note(*text);
+  lap.Form_Load();
+  EXPECT_EQ(journal, (Journal{"get Setup.LPT", "get Setup.Seb", "get Setup.Inv0", "get Setup.Inv1",
+                              "get Setup.Inv2", "208.333 Hz (50%)", "Vilor CNC Monitra V2.2.0",
+                              "get Setup.PCB", "PCB V4.x", " 1. Bit  Spindle", "hiányzik", "r378",
+                              "w378=5F", "Gerjesztés: Natív PWM (30.30 kHz)", "631.313 Hz (50%)"}));
+  EXPECT_EQ(lap.kozos.Modositott, 0);
+  EXPECT_EQ(lap.kozos.Alapido, 3.3e-05);
+  EXPECT_EQ(lap.kozos.VerFo + lap.kozos.VerAl + lap.kozos.VerRev, "503");
+  EXPECT_TRUE(lap.setup.Letolt.Enabled);
+  EXPECT_EQ(lap.setup.Verz.Caption.get() + lap.setup.Uthossz.Caption.get(), "V?.?.?12.5");
+}
+
+TEST_F(Shell, StoredPreferencesComeBackAndAreWrittenInTheirOwnForm) {
+  settings.values = {{"LPT", "1"}, {"Seb", "gyors"}, {"Inv0", "2"}, {"Inv2", "0"}, {"PCB", "41"}};
+  lap.Form_Load();
+  EXPECT_EQ(lap.port.LPT.text() + lap.jog.Seb.Text.get() + lap.port.PCBV.Caption.get(),
+            "&H278gyorsPCB V3.2");
+  EXPECT_EQ(registers.values.count(0x378), 0U) << "the first access goes to the stored port";
+  lap.Form_Unload();
+  EXPECT_EQ(settings.values, (std::map<std::string, std::string>{{"LPT", " 1"},
+                                                                 {"Seb", "gyors"},
+                                                                 {"Inv0", "1"},
+                                                                 {"Inv1", "0"},
+                                                                 {"Inv2", "0"},
+                                                                 {"PCB", "41"}}));
+}
+
+TEST_F(Shell, InfoTextIsShownIfItsNameIsExact) {
+  for (const auto& [name, bytes, shown] :
+       {std::array{"INFO.TXT", "x", "hiányzik"},
+        std::array{"Info.txt", "T\xFBr\xF5\nutols\xF3", "Tűrő\r\nutolsó\r\n"},
+        std::array{"Info.txt", "", ""}}) {
+    scratch.write(name, bytes);
+    Lap fresh(outside);
+    fresh.Form_Load();
+    EXPECT_EQ(fresh.InfoT.Text.get(), shown);
+  }
+}
+
+TEST_F(Shell, ShutdownSwitchesOffStoresAndEndsOnce) {
+  lap.Form_Load();
+  lap.setup.Ut.type("5");
+  journal.clear();
+  lap.MFkilepes.click();
+  EXPECT_EQ(journal, shutdown(0)) << "no timing field has changed, so nothing is asked";
+  journal.clear();
+  lap.Form_Unload();
+  EXPECT_EQ(journal, Journal{});
+}
+
+TEST_F(Shell, ShutdownAsksAboutUnsavedChangesAndCannotBeRefused) {
+  const auto runs = [this](BoxAnswer answer, const Journal& asked) {
+    Lap fresh(outside);
+    fresh.Form_Load();
+    fresh.setup.FolLe[0].pressUp();
+    box.answers = {answer};
+    journal.clear();
+    fresh.Form_Unload();
+    EXPECT_EQ(journal, shutdown(0, asked));
+  };
+  runs(BoxAnswer::No, {question});
+  runs(BoxAnswer::Yes, {question, save});
+  dialog.path = scratch.path("vegul.pwm");
+  runs(BoxAnswer::Yes, {question, save});
+  EXPECT_EQ(scratch.read("vegul.pwm").substr(0, 8), "92\r\n91\r\n");
+}
+
+TEST_F(Shell, ASignalEndsWithoutAQuestionAlsoInsideOne) {
+  lap.Form_Load();
+  lap.setup.FolLe[0].pressUp();
+  journal.clear();
+  box.whileOpen = [this] { lap.endWithoutQuestion(); };
+  lap.Form_Unload();
+  Journal expected = shutdown(0, {question});
+  expected.push_back(save);
+  EXPECT_EQ(journal, expected) << "in the program the end comes before the question returns";
+}
+
+TEST_F(Shell, OnlyTheTabPcLinkPutsTheLinesToIdle) {
+  lap.Form_Load();
+  registers.values[0x378] = 0xA1;
+  journal.clear();
+  for (const int tab : {1, 3, 0, 1}) lap.SSTab1.Tab = tab;
+  EXPECT_EQ(journal, Journal{});
+  lap.SSTab1.Tab = 2;
+  EXPECT_EQ(journal, (Journal{"r378", "w378=1"}));
+}
+
+TEST_F(Shell, StatusLineTellsWhatNoBoxDoes) {
+  lap.Form_Load();
+  dialog.path = scratch.write("rovid.pwm", "300\r\n0\r\n");
+  lap.MFSetNyit.click();
+  EXPECT_EQ(lap.Esemeny.Caption.get(),
+            "A fájl hiányos: 2 sor van benne a 22 helyett. A többi mező nem változott.");
+  dialog.path = scratch.path("uj.pwm");
+  lap.MFSetMent.click();
+  EXPECT_EQ(lap.Esemeny.Caption.get(), "Mentve: " + scratch.path("uj.pwm"));
+  lap.MFSetNyit.click();
+  EXPECT_EQ(lap.Esemeny.Caption.get(), "");
+}
+
+TEST(WindowDescription, EachHeadHasItsWords) {
+  EXPECT_EQ(diagramLines().size(), 19U);
+  for (const auto& head : diagramHeads()) {
+    EXPECT_EQ(controlWords(head.name).tooltip, "PWM alapidők 0.1mS (10kHz)");
+  }
+}
+
+}  // namespace
+}  // namespace monitra::shell

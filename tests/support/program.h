@@ -1,0 +1,29 @@
+#pragma once
+
+#include "host/host_files.h"
+#include "host/windows1250.h"
+#include "shell/lap.h"
+#include "support/journal.h"
+#include "support/scratch.h"
+
+namespace monitra::support {
+
+/// The whole program without its window, in a folder of its own, with everything outside it but
+/// the files faked. "end" in the journal is the end of the process.
+struct Program {
+  Journal journal;
+  Scratch scratch;
+  JournalPort registers{journal};
+  JournalBoxes box{journal};
+  JournalDialog dialog{journal};
+  JournalSettings settings{journal};
+  host::HostFiles files;
+  host::Windows1250 codePage;
+  platform::ProgramIdentity identity{"Monitra Setup", scratch.path(), "Monitra Setup", 2, 2, 0};
+  shell::Outside outside{registers, registers, box,
+                         dialog,    files,     codePage,
+                         settings,  identity,  [this] { journal.emplace_back("end"); }};
+  shell::Lap lap{outside};
+};
+
+}  // namespace monitra::support
