@@ -1,0 +1,122 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "apps/ctl/commands.h"
+
+namespace {
+
+using namespace monitra::ctl;
+
+/// Accepts one of a few words; the message is Hungarian.
+CLI::Validator oneOf(const std::vector<std::string>& words) {
+  std::string list;
+  for (const std::string& word : words) list += (list.empty() ? "" : "|") + word;
+  return {[words, list](std::string& word) {
+            const bool known = std::find(words.begin(), words.end(), word) != words.end();
+            return known ? std::string{} : "a lehetséges értékek: " + list + " (nem: " + word + ")";
+          },
+          {}};
+}
+
+/// The parser's errors in Hungarian, by kind.
+std::string usageText(const CLI::App* app, const CLI::Error& error) {
+  std::string text = "Hibás parancssor: ";
+  const std::string what = error.what();
+  switch (static_cast<CLI::ExitCodes>(error.get_exit_code())) {
+    case CLI::ExitCodes::RequiredError: {
+      const std::string name = what.substr(0, what.find(" is required"));
+      text += "hiányzik: " + (name == "A subcommand" ? "a parancs" : name);
+      break;
+    }
+    case CLI::ExitCodes::ExtrasError:
+      text += "ismeretlen vagy fölösleges:" + what.substr(what.find_last_of(':') + 1);
+      break;
+    case CLI::ExitCodes::ArgumentMismatch:
+      text += "egy kapcsoló értéke hiányzik, vagy túl sok van belőle";
+      break;
+    default:
+      text += what;
+  }
+  return text + "\nSegítség: " + app->get_name() + " --help\n";
+}
+
+constexpr const char* optionGroup = "Kapcsolók";
+
+void makeHungarian(CLI::App& app) {
+  const auto formatter = app.get_formatter();
+  formatter->label("Usage", "Használat");
+  formatter->label("OPTIONS", "KAPCSOLÓK");
+  formatter->label("SUBCOMMAND", "PARANCS");
+  formatter->label("Positionals", "Adatok");
+  formatter->label("REQUIRED", "(kötelező)");
+  app.set_help_flag("-h,--help", "Ez a segítség")->group(optionGroup);
+  app.option_defaults()->group(optionGroup);
+}
+
+CLI::App* addCommand(CLI::App& app, const std::string& name, const std::string& description) {
+  CLI::App* const command = app.add_subcommand(name, description);
+  command->group("Parancsok");
+  command->set_help_flag("-h,--help", "Ez a segítség")->group(optionGroup);
+  return command;
+}
+
+int run(int argc, char** argv) {
+  CLI::App app("Monitra parancssorból: Setup fájl megnézése és feltöltése.", "monitra-ctl");
+  makeHungarian(app);
+  app.failure_message(usageText);
+  app.footer("Kilépési kód: 0 kész, 1 fájlhiba, 2 hibás parancssor, 3 porthiba.");
+  app.require_subcommand(1);
+
+  ShowOptions showOptions;
+  CLI::App* const showCommand = addCommand(app, "show", "Megnyit egy Setup fájlt, és kiírja.");
+  showCommand->add_option("FILE.pwm", showOptions.file, "A Setup fájl")
+      ->required()
+      ->option_text("(kötelező)");
+  showCommand->add_flag("--json", showOptions.json, "Kiírás egyetlen JSON objektumként");
+
+  UploadOptions uploadOptions;
+  std::string port;
+  CLI::App* const uploadCommand =
+      addCommand(app, "upload", "Megnyit egy Setup fájlt, és feltölti a vezérlőbe.");
+  uploadCommand->add_option("FILE.pwm", uploadOptions.file, "A Setup fájl")
+      ->required()
+      ->option_text("(kötelező)");
+  uploadCommand->add_option("--port", port, "Mire menjen ki (sim: szimulált port)")
+      ->required()
+      ->option_text("sim (kötelező)")
+      ->check(oneOf({"sim"}));
+  uploadCommand
+      ->add_option("--lpt", uploadOptions.lpt, "Port címe; enélkül a programban beállított")
+      ->option_text("378|278|3BC")
+      ->check(oneOf({"378", "278", "3BC"}));
+  uploadCommand
+      ->add_option("--pcb", uploadOptions.pcb, "Panel verziója; enélkül a programban beállított")
+      ->option_text("32|40")
+      ->check(oneOf({"32", "40"}));
+  uploadCommand
+      ->add_option("--vcd", uploadOptions.vcd,
+                   "A port minden írása ebbe a fájlba (Value Change Dump)")
+      ->option_text("OUT.vcd");
+  uploadCommand->add_flag("--yes", uploadOptions.yes, "Kérdés nélkül");
+
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? done : usageError;
+  }
+  return showCommand->parsed() ? show(showOptions) : upload(uploadOptions);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return run(argc, argv);
+  } catch (const std::exception& error) {
+    std::cerr << "Váratlan hiba: " << error.what() << '\n';
+    return fileError;
+  }
+}

@@ -1,0 +1,88 @@
+#include "apps/ctl/session.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+
+#include "host/executable.h"
+#include "shell/event_texts.h"
+
+namespace monitra::ctl {
+
+using platform::BoxAnswer;
+using platform::Failure;
+
+namespace {
+
+/// This tool works with the port and board that are set in the program it accompanies.
+platform::ProgramIdentity accompaniedProgram() {
+  platform::ProgramIdentity program = host::programIdentity("Monitra Setup");
+  program.EXEName = "Monitra Setup";
+  return program;
+}
+
+}  // namespace
+
+BoxAnswer CtlBoxes::MsgBox(const std::string& text, int style) {
+  const BoxAnswer answer = answer_(text, style);
+  shown.push_back({text, style, answer});
+  return answer;
+}
+
+GivenFile::GivenFile(const std::string& path) {
+  std::filesystem::path full = std::filesystem::absolute(path);
+  if (!full.has_filename()) full = full.parent_path();
+  path_ = full;
+}
+
+Failure GivenFile::ShowOpen() {
+  choose(path_);
+  return Failure::None;
+}
+
+Failure GivenFile::ShowSave() {
+  return ShowOpen();
+}
+
+OptionSettings::OptionSettings(std::string lptIndex, std::string pcb)
+    : preferences_(settings::userSettingsFolder()),
+      lptIndex_(std::move(lptIndex)),
+      pcb_(std::move(pcb)) {}
+
+std::string OptionSettings::GetSetting(const std::string& application, const std::string& section,
+                                       const std::string& key, const std::string& fallback) {
+  if (key == "LPT" && !lptIndex_.empty()) return lptIndex_;
+  if (key == "PCB" && !pcb_.empty()) return pcb_;
+  return preferences_.GetSetting(application, section, key, fallback);
+}
+
+void OptionSettings::SaveSetting(const std::string& /*application*/, const std::string& /*section*/,
+                                 const std::string& /*key*/, const std::string& /*value*/) {}
+
+Session::Session(const Options& options, platform::PortRegisters& registers,
+                 platform::Sleeper& sleeper, CtlBoxes::Answer answer)
+    : program_(accompaniedProgram()),
+      settings_(options.lptIndex, options.pcb),
+      dialog_(options.file),
+      boxes(std::move(answer)),
+      lap({registers, sleeper, boxes, dialog_, files_, codePage_, settings_, program_,
+           [] { std::_Exit(done); }}) {
+  lap.Form_Load();
+}
+
+ExitCode Session::open() {
+  const store::OpenResult result = lap.setupFiles().MFSetNyit_Click();
+  const std::string remark = shell::openingText(result);
+  if (!remark.empty()) std::cerr << remark << '\n';
+  return result.failure == Failure::None ? done : fileError;
+}
+
+std::string boxLines(const std::string& text) {
+  std::string lines;
+  for (const char c : text) {
+    if (c != '\r') lines += c;
+  }
+  return lines;
+}
+
+}  // namespace monitra::ctl

@@ -1,0 +1,169 @@
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <iomanip>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "support/process.h"
+#include "support/scratch.h"
+
+namespace monitra {
+namespace {
+
+const std::string ctl = MONITRA_BIN "/monitra-ctl";
+const std::string examples = MONITRA_EXAMPLES;
+
+const std::string setupFile =
+    "91\r\n92\r\n93\r\n244\r\n245\r\n246\r\n24\r\n25\r\n26\r\n34\r\n35\r\n36\r\n 3\r\n4660\r\n7\r\n"
+    "V5.0.3\r\n 5\r\n 0\r\n 3\r\nE\r\nF\r\nE\r\n";
+const std::string setupBytes = "85 0 244 91 24 34 245 92 25 35 246 93 26 36 3 18 52 7 5 255";
+
+void expect(const std::string& output, const std::string& part) {
+  EXPECT_NE(output.find(part), std::string::npos) << output;
+}
+
+struct Ctl : testing::Test {
+  Ctl() { ::setenv("XDG_CONFIG_HOME", scratch.path("config").c_str(), 1); }
+
+  std::string run(const std::vector<std::string>& arguments, int exitCode,
+                  const std::string& input = {}) {
+    std::string command = "printf " + support::quoted(input) + " | " + ctl;
+    for (const std::string& argument : arguments) command += " " + support::quoted(argument);
+    const support::Ran ran = support::shell(command);
+    EXPECT_EQ(ran.exitCode, exitCode) << ran.output;
+    return ran.output;
+  }
+
+  support::Scratch scratch;
+  std::string file = scratch.write("a.pwm", setupFile);
+};
+
+TEST_F(Ctl, ShowGivesTheWholeStateAsJson) {
+  const auto expected = nlohmann::json::parse(R"json({
+    "title": "Vilor CNC Monitra V2.2.0  (a.pwm)", "edition": "Tarso", "Alapido": 3.3e-05,
+    "Modositott": 0,
+    "TFX": {"value": 91, "text": "91"}, "TFY": {"value": 92, "text": "92"},
+    "TFZ": {"value": 93, "text": "93"}, "T1X": {"value": 244, "text": "244"},
+    "T1Y": {"value": 245, "text": "245"}, "T1Z": {"value": 246, "text": "246"},
+    "T2X": {"value": 24, "text": "24"}, "T2Y": {"value": 25, "text": "25"},
+    "T2Z": {"value": 26, "text": "26"}, "T3X": {"value": 34, "text": "34"},
+    "T3Y": {"value": 35, "text": "35"}, "T3Z": {"value": 36, "text": "36"},
+    "Funkcio": {"value": 3, "text": "Motor tuning"}, "Ut": {"value": 4660, "text": "4660"},
+    "Tures": {"value": 7, "text": "7"}, "Spm": "0.0125",
+    "Xegesz": true, "Yegesz": false, "Zegesz": true,
+    "VerFo": "5", "VerAl": "0", "VerRev": "3", "Verz": "V5.0.3",
+    "Xttarto": "522.466 Hz (58.6%)", "Yttarto": "505.050 Hz (58.3%)",
+    "Zttarto": "488.758 Hz (58.0%)",
+    "Csucsf": ["333.000 S/s", "329.380 S/s", "325.839 S/s"],
+    "Nhatar": ["124.192 S/s", "123.685 S/s", "123.183 S/s"],
+    "Cim": "Gerjesztés: Natív PWM (30.30 kHz)", "lepes": " Tarso Firmware: fél lépés ",
+    "Uthossz": "58.25", "boxes": []})json");
+  EXPECT_EQ(nlohmann::json::parse(run({"show", file, "--json"}, 0)), expected);
+}
+
+TEST_F(Ctl, ShowTellsWhatWentWrongAndTheStateItLeft) {
+  auto state = nlohmann::json::parse(run({"show", scratch.path("nincs.pwm"), "--json"}, 1));
+  EXPECT_EQ(state["boxes"][0]["text"], "'nincs.pwm' nem létezik!\r\nAdjon meg létező File nevet!");
+  EXPECT_EQ(state["boxes"][0]["style"], 16);
+  EXPECT_EQ(state["title"], "Vilor CNC Monitra V2.2.0");
+  expect(run({"show", scratch.write("rovid.pwm", "1\n2\n")}, 1), "2 sor van benne a 22");
+  expect(run({"show", scratch.write("nagy.pwm", "999" + setupFile.substr(2))}, 0), "1 érték");
+}
+
+TEST_F(Ctl, EveryShippedExampleOpensCleanly) {
+  int files = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(examples)) {
+    if (entry.path().extension() != ".pwm") continue;
+    ++files;
+    const auto state = nlohmann::json::parse(run({"show", entry.path(), "--json"}, 0));
+    EXPECT_EQ(state["boxes"].size(), 0U) << entry.path();
+  }
+  EXPECT_GE(files, 3);
+}
+
+TEST_F(Ctl, UsageErrorsAreTwoAndFileErrorsOne) {
+  const std::vector<std::vector<std::string>> usage{
+      {},
+      {"show"},
+      {"nincs"},
+      {"show", file, "több"},
+      {"upload", file},
+      {"upload", file, "--port", "kernel"},
+      {"upload", file, "--port", "sim", "--lpt", "999"},
+      {"upload", file, "--port", "sim", "--pcb", "33"},
+      {"upload", file, "--port", "sim", "--vcd"}};
+  for (const auto& arguments : usage) {
+    expect(run(arguments, 2), "Hibás parancssor");
+  }
+  run({"--help"}, 0);
+  run({"upload", scratch.path("nincs.pwm"), "--port", "sim", "--yes"}, 1);
+  run({"upload", scratch.write("rovid.pwm", "91\r\n"), "--port", "sim", "--yes"}, 1);
+  run({"upload", file, "--port", "sim", "--yes", "--vcd", "/nincs/ilyen.vcd"}, 1);
+  const std::string vilor = "V?.?.?\r\n 2\r\n";
+  std::string old = setupFile;
+  old.replace(old.find("V5.0.3\r\n 5\r\n"), 12, vilor);
+  expect(run({"upload", scratch.write("regi.pwm", old), "--port", "sim", "--yes"}, 1), "Vilor");
+}
+
+std::string listed(const std::string& bytes) {
+  std::istringstream words(bytes);
+  std::ostringstream lines;
+  int position = 0;
+  for (int byte = 0; words >> byte; ++position) {
+    lines << std::setw(4) << position << ": " << std::setw(3) << byte << '\n';
+  }
+  return lines.str();
+}
+
+TEST_F(Ctl, UploadAsksAndReportsWhatTheControllerReceived) {
+  const std::string sent = run({"upload", file, "--port", "sim"}, 0, "igen\n");
+  expect(sent, "Kész a vezérlő az adatok fogadására?");
+  expect(sent, "A feltöltés kész!");
+  expect(sent, "480 írás");
+  expect(sent, "(PCB V4.x) 20 bájtot kapott:\n" + listed(setupBytes));
+  expect(sent, "Y tengely: T1=245, TF=92, T2=25, T3=35, fél lépés");
+  for (const char* answer : {"n\n", "nem\n", ""}) {
+    const std::string refused = run({"upload", file, "--port", "sim"}, 0, answer);
+    expect(refused, "Nem ment ki semmi.");
+    EXPECT_EQ(refused.find("bájtot kapott"), std::string::npos);
+  }
+}
+
+TEST_F(Ctl, UploadUsesTheBoardAndPortOfTheProgramUnlessToldOtherwise) {
+  std::filesystem::create_directories(scratch.path("config/monitra"));
+  scratch.write("config/monitra/Monitra Setup.json",
+                "{\"Setup\": {\"PCB\": \"32\", \"LPT\": \" 1\"}}");
+  const std::string stored = run({"upload", file, "--port", "sim", "--yes"}, 0);
+  expect(stored, "&H278, PCB V3.2 (adat: D5_YDir_SorosAdat, órajel: D2_ZDir_SorosOrajel)");
+  expect(stored, "(PCB V3.2) 20 bájtot kapott:");
+  const std::string told =
+      run({"upload", file, "--port", "sim", "--yes", "--pcb", "40", "--lpt", "3BC"}, 0);
+  expect(told, "&H3BC, PCB V4.x");
+}
+
+TEST_F(Ctl, AnIndependentDecoderReadsTheTwentyBytesFromTheDump) {
+  if (support::shell("sigrok-cli --version").exitCode != 0) {
+    GTEST_SKIP() << "sigrok-cli is not installed";
+  }
+  const struct {
+    const char *pcb, *clock;
+  } boards[] = {{"40", "D7_ZDir_SorosOrajel"}, {"32", "D2_ZDir_SorosOrajel"}};
+  for (const auto& board : boards) {
+    const std::string dump = scratch.path(std::string(board.pcb) + ".vcd");
+    run({"upload", file, "--port", "sim", "--yes", "--pcb", board.pcb, "--vcd", dump}, 0);
+    const support::Ran decoder = support::shell(
+        "sigrok-cli -i " + dump + " -P spi:clk=" + board.clock +
+        ":mosi=D5_YDir_SorosAdat:bitorder=lsb-first:cpol=0:cpha=0:wordsize=8 -A spi=mosi-data");
+    ASSERT_EQ(decoder.exitCode, 0) << decoder.output;
+    std::string decoded;
+    std::istringstream lines(decoder.output);
+    for (std::string word; lines >> word;) {
+      if (word.back() == ':') continue;
+      decoded += (decoded.empty() ? "" : " ") + std::to_string(std::stoi(word, nullptr, 16));
+    }
+    EXPECT_EQ(decoded, setupBytes);
+  }
+}
+
+}  // namespace
+}  // namespace monitra
