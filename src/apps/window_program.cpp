@@ -1,0 +1,52 @@
+#include "apps/window_program.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QStyleFactory>
+#include <QTranslator>
+#include <cstdlib>
+
+#include "desktop/end_watch.h"
+#include "desktop/main_window.h"
+#include "desktop/qt_file_dialog.h"
+#include "desktop/qt_message_box.h"
+#include "host/executable.h"
+#include "host/host_files.h"
+#include "host/pacer.h"
+#include "host/windows1250.h"
+#include "settings/json_settings.h"
+
+namespace monitra::apps {
+
+int run(int argc, char** argv, const WindowProgram& program) {
+  QApplication application(argc, argv);
+  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QTranslator hungarian;
+  if (hungarian.load(QStringLiteral("qtbase_hu"),
+                     QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QApplication::installTranslator(&hungarian);
+  }
+
+  const platform::ProgramIdentity identity = host::programIdentity(program.title);
+  host::Pacer pacer;
+  host::HostFiles files;
+  host::Windows1250 codePage;
+  settings::JsonSettings settings(settings::userSettingsFolder());
+  desktop::QtMessageBox box(QString::fromUtf8(program.title));
+  desktop::QtFileDialog dialog;
+  shell::Lap lap({program.registers, pacer, box, dialog, files, codePage, settings, identity,
+                  [] { std::_Exit(EXIT_SUCCESS); }});
+  lap.Form_Load();
+  lap.PortAllapot.Caption = program.portStatus;
+  const desktop::EndWatch watch([&lap] { lap.endWithoutQuestion(); });
+  desktop::MainWindow window(lap);
+  box.setParent(&window);
+  dialog.setParent(&window);
+  window.showCentred();
+  if (program.started) program.started(lap);
+  const int exitCode = QApplication::exec();
+  lap.endWithoutQuestion();
+  return exitCode;
+}
+
+}  // namespace monitra::apps

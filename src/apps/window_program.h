@@ -1,0 +1,23 @@
+#pragma once
+
+#include <functional>
+
+#include "platform/port_registers.h"
+#include "shell/lap.h"
+
+namespace monitra::apps {
+
+/// What sets one program with the window apart from another.
+struct WindowProgram {
+  const char* title;       ///< caption of its message boxes
+  const char* portStatus;  ///< what the footer says of the port, always
+  platform::PortRegisters& registers;
+  /// Called with the started Lap once the window shows; may be empty.
+  std::function<void(shell::Lap&)> started;
+};
+
+/// Runs the program until its shutdown, which ends the process. Returns an exit code only if that
+/// never came about.
+int run(int argc, char** argv, const WindowProgram& program);
+
+}  // namespace monitra::apps

@@ -1,0 +1,131 @@
+#include "desktop/bindings.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QTabWidget>
+
+#include "desktop/spin_arrows.h"
+#include "desktop/text.h"
+
+namespace monitra::desktop {
+
+namespace {
+
+/// Shows a property now and after each of its changes.
+template <class Property, class Show>
+void mirror(Property& property, Show show) {
+  show();
+  property.observe(show);
+}
+
+void mirrorEnabled(QWidget* widget, controls::Property<bool>& enabled) {
+  mirror(enabled, [widget, &enabled] { widget->setEnabled(enabled); });
+}
+
+/// Entries and selection of a list widget of either kind.
+template <class List>
+void mirrorList(List* widget, controls::PickList& control, void (List::*show)(int)) {
+  for (const auto& item : control.Items) widget->addItem(toQt(item));
+  mirror(control.ListIndex, [widget, &control, show] { (widget->*show)(control.ListIndex); });
+  mirrorEnabled(widget, control.Enabled);
+}
+
+}  // namespace
+
+void bind(QWidget* window, controls::Form& form) {
+  mirror(form.Caption, [window, &form] { window->setWindowTitle(toQt(form.Caption.get())); });
+}
+
+void bind(QLabel* widget, controls::Label& control) {
+  widget->setTextFormat(Qt::PlainText);
+  mirror(control.Caption, [widget, &control] { widget->setText(toQt(control.Caption.get())); });
+  mirror(control.Visible, [widget, &control] { widget->setVisible(control.Visible); });
+  mirrorEnabled(widget, control.Enabled);
+}
+
+void bind(QLineEdit* widget, controls::TextBox& control) {
+  widget->setReadOnly(control.Locked);
+  mirror(control.Text, [widget, &control] {
+    const QString text = toQt(control.Text.get());
+    if (widget->text() != text) widget->setText(text);
+  });
+  mirrorEnabled(widget, control.Enabled);
+  QObject::connect(widget, &QLineEdit::textEdited, widget,
+                   [&control](const QString& text) { control.type(text.toStdString()); });
+}
+
+void bind(QPlainTextEdit* widget, controls::TextBox& control) {
+  widget->setReadOnly(true);
+  mirror(control.Text, [widget, &control] { widget->setPlainText(linesToQt(control.Text.get())); });
+  mirrorEnabled(widget, control.Enabled);
+}
+
+void bind(SpinArrows* widget, controls::SpinButton& control) {
+  mirrorEnabled(widget, control.Enabled);
+  QObject::connect(widget, &SpinArrows::upPressed, widget, [&control] { control.pressUp(); });
+  QObject::connect(widget, &SpinArrows::downPressed, widget, [&control] { control.pressDown(); });
+}
+
+void bind(QCheckBox* widget, controls::CheckBox& control) {
+  mirror(control.Caption, [widget, &control] { widget->setText(toQt(control.Caption.get())); });
+  mirror(control.Checked, [widget, &control] { widget->setChecked(control.Checked); });
+  mirrorEnabled(widget, control.Enabled);
+  QObject::connect(widget, &QCheckBox::clicked, widget, [&control] { control.click(); });
+}
+
+void bind(QPushButton* widget, controls::PushButton& control) {
+  mirrorEnabled(widget, control.Enabled);
+  QObject::connect(widget, &QPushButton::clicked, widget, [&control] { control.click(); });
+}
+
+void bind(QComboBox* widget, controls::PickList& control) {
+  mirrorList(widget, control, &QComboBox::setCurrentIndex);
+  QObject::connect(widget, &QComboBox::activated, widget,
+                   [&control](int index) { control.select(index); });
+}
+
+void bind(QListWidget* widget, controls::PickList& control) {
+  mirrorList<QListWidget>(widget, control, &QListWidget::setCurrentRow);
+  QObject::connect(widget, &QListWidget::currentRowChanged, widget,
+                   [&control](int index) { control.select(index); });
+  // A click with the control key would leave nothing selected.
+  QObject::connect(widget, &QListWidget::itemSelectionChanged, widget, [widget] {
+    if (widget->selectedItems().isEmpty()) widget->currentItem()->setSelected(true);
+  });
+}
+
+void bind(QProgressBar* widget, controls::ProgressBar& control) {
+  widget->setRange(0, 100);
+  // setValue paints at once, also while the thread is blocked and no paint event can come.
+  mirror(control.Value, [widget, &control] { widget->setValue(static_cast<int>(control.Value)); });
+}
+
+void bind(QTabWidget* widget, controls::TabStrip& control) {
+  mirror(control.Tab, [widget, &control] { widget->setCurrentIndex(control.Tab); });
+  QObject::connect(widget, &QTabWidget::currentChanged, widget,
+                   [&control](int index) { control.Tab = index; });
+}
+
+void bind(QAction* action, controls::MenuEntry& control) {
+  mirror(control.Enabled, [action, &control] { action->setEnabled(control.Enabled); });
+  QObject::connect(action, &QAction::triggered, action, [&control] { control.click(); });
+}
+
+void bindChecked(QAction* action, controls::MenuEntry& control) {
+  action->setCheckable(true);
+  const auto show = [action, &control] { action->setChecked(control.Checked); };
+  mirror(control.Checked, show);
+  bind(action, control);
+  // A click on the checked entry unchecks the action by itself.
+  QObject::connect(action, &QAction::triggered, action, show);
+}
+
+}  // namespace monitra::desktop

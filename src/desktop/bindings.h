@@ -1,0 +1,41 @@
+#pragma once
+
+#include "controls/controls.h"
+
+class QAction;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QPlainTextEdit;
+class QProgressBar;
+class QPushButton;
+class QTabWidget;
+class QWidget;
+
+namespace monitra::desktop {
+
+class SpinArrows;
+
+/// Each binds a widget to a control: the widget shows the control's present state at once and
+/// follows every change, and what the user does goes to the control's method. The widget must
+/// live until the last change of the control, the control as long as the widget.
+
+void bind(QWidget* window, controls::Form& form);
+void bind(QLabel* widget, controls::Label& control);
+void bind(QLineEdit* widget, controls::TextBox& control);
+void bind(QPlainTextEdit* widget, controls::TextBox& control);
+void bind(SpinArrows* widget, controls::SpinButton& control);
+void bind(QCheckBox* widget, controls::CheckBox& control);
+void bind(QPushButton* widget, controls::PushButton& control);
+void bind(QComboBox* widget, controls::PickList& control);
+void bind(QListWidget* widget, controls::PickList& control);
+void bind(QProgressBar* widget, controls::ProgressBar& control);
+void bind(QTabWidget* widget, controls::TabStrip& control);
+void bind(QAction* action, controls::MenuEntry& control);
+
+/// The action shows a check mark where the entry has one.
+void bindChecked(QAction* action, controls::MenuEntry& control);
+
+}  // namespace monitra::desktop

@@ -1,0 +1,82 @@
+#include "desktop/footer.h"
+
+#include <QPainter>
+#include <QStyle>
+#include <QVBoxLayout>
+
+#include "desktop/bindings.h"
+#include "desktop/text.h"
+#include "desktop/widgets.h"
+#include "desktop/words.h"
+
+namespace monitra::desktop {
+
+namespace {
+
+void setColour(QWidget* widget, QColor colour) {
+  QPalette colours = widget->palette();
+  colours.setColor(QPalette::WindowText, colour);
+  widget->setPalette(colours);
+}
+
+}  // namespace
+
+StatusLine::StatusLine(std::string_view name, controls::Label& control, QWidget* parent)
+    : QLabel(parent) {
+  setObjectName(toQt(name));
+  bind(this, control);
+  const auto show = [this, &control] { setToolTip(toQt(control.Caption.get())); };
+  show();
+  control.Caption.observe(show);
+}
+
+QSize StatusLine::minimumSizeHint() const {
+  return {0, fontMetrics().height()};
+}
+
+QSize StatusLine::sizeHint() const {
+  return minimumSizeHint();
+}
+
+void StatusLine::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  const QString fitting = fontMetrics().elidedText(text(), Qt::ElideRight, width());
+  style()->drawItemText(&painter, rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(),
+                        fitting, foregroundRole());
+}
+
+Footer::Footer(controls::Label& PortAllapot, controls::Label& Esemeny, QWidget* parent)
+    : QWidget(parent) {
+  constexpr double namePoints = 15.75;
+  constexpr double makerPoints = 8.25;
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(9, 0, 9, 4);
+  rows->setSpacing(2);
+
+  auto* names = flatRow();
+  QLabel* const program = wordedLabel("Label21");
+  QFont programFont(QStringLiteral("Times New Roman"));
+  programFont.setPointSizeF(namePoints);
+  programFont.setItalic(true);
+  program->setFont(programFont);
+  program->setAlignment(Qt::AlignCenter);
+  setColour(program, QColor(0x00, 0xC0, 0x00));
+  names->addWidget(program, 1);
+  auto* maker = new QVBoxLayout;
+  maker->setSpacing(0);
+  for (const char* const name : {"Label13", "Label14"}) {
+    QLabel* const address = wordedLabel(name);
+    QFont font(QStringLiteral("Arial"));
+    font.setPointSizeF(makerPoints);
+    font.setBold(true);
+    address->setFont(font);
+    setColour(address, QColor(0xE0, 0x20, 0x20));
+    maker->addWidget(address);
+  }
+  names->addLayout(maker);
+  rows->addLayout(names);
+  rows->addWidget(new StatusLine("PortAllapot", PortAllapot));
+  rows->addWidget(new StatusLine("Esemeny", Esemeny));
+}
+
+}  // namespace monitra::desktop

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QTabWidget>
+
+#include "shell/lap.h"
+
+namespace monitra::desktop {
+
+/// The program's window, bound to the Lap, which must have been started and must outlive it.
+/// Closing it runs the Lap's shutdown.
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  explicit MainWindow(shell::Lap& lap);
+
+  /// In the middle of the screen, with the size that its content needs.
+  void showCentred();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void addMenus();
+  QTabWidget* addTabs();
+
+  shell::Lap& lap_;
+};
+
+}  // namespace monitra::desktop

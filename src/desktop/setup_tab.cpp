@@ -1,0 +1,279 @@
+#include "desktop/setup_tab.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <array>
+
+#include "desktop/bindings.h"
+#include "desktop/spin_arrows.h"
+#include "desktop/timing_diagram.h"
+#include "desktop/widgets.h"
+#include "desktop/words.h"
+
+namespace monitra::desktop {
+
+namespace {
+
+constexpr int columnTwips = 960;
+constexpr int firstColumnTwips = 600;
+constexpr int rowTwips = 600;
+
+/// Green figures on black, in every theme.
+void makeInstrument(QLineEdit* box) {
+  QPalette colours = box->palette();
+  colours.setColor(QPalette::Base, Qt::black);
+  colours.setColor(QPalette::Text, QColor(0x00, 0xF0, 0x40));
+  box->setPalette(colours);
+  makeBold(box);
+}
+
+QLabel* picture(std::string_view name, int index, const QString& file, QSize size) {
+  auto* label = new QLabel;
+  describe(label, name, index);
+  label->setPixmap(QIcon(file).pixmap(size, label->devicePixelRatio()));
+  label->setFixedSize(size);
+  return label;
+}
+
+}  // namespace
+
+SetupTab::SetupTab(timing::SetupPanel& panel, QWidget* parent) : QWidget(parent), panel_(panel) {
+  auto* rows = new QVBoxLayout(this);
+  rows->setSpacing(6);
+  rows->addWidget(headline());
+  rows->addWidget(diagramRow());
+  rows->addWidget(timingGrid());
+  rows->addStretch();
+  rows->addWidget(tuningRow());
+  rows->addStretch();
+  rows->addWidget(uploadRow());
+}
+
+int SetupTab::columnWidth() const {
+  constexpr int gap = 6;
+  const int field = numberBoxWidth(*this, 3) + SpinArrows().sizeHint().width();
+  return qMax(qRound(logicalDpiX() * columnTwips / 1440.0), field + gap);
+}
+
+double SetupTab::scale() const {
+  return static_cast<double>(columnWidth()) / columnTwips;
+}
+
+QWidget* SetupTab::headline() {
+  auto* widget = new QWidget;
+  auto* row = flatRow(widget);
+  QLabel* const pwm = wordedLabel("Label23");
+  pwm->setEnabled(false);
+  row->addWidget(pwm);
+  row->addWidget(boundLabel("Cim", panel_.Cim));
+  row->addStretch();
+  return widget;
+}
+
+QWidget* SetupTab::diagramRow() {
+  auto* widget = new QWidget;
+  auto* row = flatRow(widget);
+  const auto lineControl = [this](std::string_view name) -> controls::Line* {
+    if (name == "LineVilor1") return &panel_.LineVilor1;
+    if (name == "LineVilor2") return &panel_.LineVilor2;
+    if (name == "LineVilor3") return &panel_.LineVilor3;
+    if (name == "LineTarso1") return &panel_.LineTarso1;
+    if (name == "LineTarso2") return &panel_.LineTarso2;
+    return nullptr;
+  };
+  row->addWidget(new TimingDiagram(lineControl, scale()));
+  row->addStretch();
+
+  auto* state = new QVBoxLayout;
+  QLabel* const edition = framedLabel("lepes", panel_.lepes);
+  QLabel* const limits = framedLabel("Vegallas", panel_.Vegallas);
+  makeBold(edition);
+  makeBold(limits);
+  state->addStretch();
+  state->addWidget(picture("Picture1", 0, QStringLiteral(":/pictures/motor.svg"), {60, 56}), 0,
+                   Qt::AlignRight);
+  state->addWidget(edition);
+  state->addWidget(limits);
+  row->addLayout(state);
+  return widget;
+}
+
+QWidget* SetupTab::timingGrid() {
+  auto* widget = new QWidget;
+  auto* grid = new QGridLayout(widget);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setSpacing(0);
+  grid->setColumnMinimumWidth(0, qRound(firstColumnTwips * scale()));
+  constexpr std::array<std::string_view, 3> rowHeads{"Label6(0)", "Label6(1)", "Label6(2)"};
+  for (int axis = 0; axis < 3; ++axis) {
+    QLabel* const head = wordedLabel(rowHeads[static_cast<std::size_t>(axis)]);
+    head->setFrameShape(QFrame::StyledPanel);
+    head->setAlignment(Qt::AlignCenter);
+    makeBold(head);
+    head->setFixedWidth(qRound(columnWidth() * 0.4));
+    grid->addWidget(head, axis + 1, 0, Qt::AlignCenter);
+    grid->setRowMinimumHeight(axis + 1, qRound(rowTwips * scale()));
+  }
+  for (int i = 0; i < timing::timingFields; ++i) addTimingField(*grid, i);
+  addDerived(*grid);
+  return widget;
+}
+
+void SetupTab::addTimingField(QGridLayout& grid, int i) {
+  constexpr std::array<std::string_view, 4> groups{"TF", "T1", "T2", "T3"};
+  auto* cell = flatRow();
+  cell->setSpacing(0);
+  QLineEdit* const box = numberBox(groups[static_cast<std::size_t>(i / 3)], panel_.box(i), 3, i);
+  makeInstrument(box);
+  box->setFocusPolicy(Qt::ClickFocus);
+  cell->addStretch();
+  cell->addWidget(box);
+  cell->addWidget(arrowsFor(box, "FolLe", panel_.FolLe[i], i));
+  cell->addStretch();
+  grid.addLayout(cell, i % 3 + 1, i / 3 + 1);
+  grid.setColumnMinimumWidth(i / 3 + 1, columnWidth());
+}
+
+void SetupTab::addDerived(QGridLayout& grid) {
+  struct Column {
+    std::string_view frame;
+    std::array<std::string_view, 3> names;
+    std::array<controls::Label*, 3> labels;
+    bool indexed;
+  };
+  const std::array columns{
+      Column{"Frame1",
+             {"Csucsf", "Csucsf", "Csucsf"},
+             {&panel_.Csucsf[0], &panel_.Csucsf[1], &panel_.Csucsf[2]},
+             true},
+      Column{"Frame2",
+             {"Nhatar", "Nhatar", "Nhatar"},
+             {&panel_.Nhatar[0], &panel_.Nhatar[1], &panel_.Nhatar[2]},
+             true},
+      Column{"Frame3",
+             {"Xttarto", "Yttarto", "Zttarto"},
+             {&panel_.Xttarto, &panel_.Yttarto, &panel_.Zttarto},
+             false},
+  };
+  constexpr std::array widest{"88888.8 S/s", "88888.8 S/s", "88888.8 Hz (88.8%)"};
+  // A frame and its labels share the grid's cells, so that each axis reads as one line.
+  for (std::size_t n = 0; n < columns.size(); ++n) {
+    const Column& column = columns[n];
+    const int at = 6 + 2 * static_cast<int>(n);
+    auto* frame = new QGroupBox(caption(column.frame));
+    describe(frame, column.frame);
+    grid.setColumnMinimumWidth(at - 1, 6);
+    grid.setColumnStretch(at, 1);
+    grid.setColumnMinimumWidth(at,
+                               fontMetrics().horizontalAdvance(QString::fromLatin1(widest[n])) + 8);
+    grid.addWidget(frame, 0, at, 5, 1);
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+      const int index = static_cast<int>(axis);
+      QLabel* const label =
+          boundLabel(column.names[axis], *column.labels[axis], column.indexed ? index : -1);
+      grid.addWidget(label, index + 1, at, Qt::AlignCenter);
+      label->raise();
+    }
+  }
+  grid.setRowMinimumHeight(0, fontMetrics().height());
+  grid.setRowMinimumHeight(4, 2);
+}
+
+QWidget* SetupTab::tuningRow() {
+  auto* widget = new QWidget;
+  auto* row = flatRow(widget);
+  row->addWidget(tuningFields());
+  row->addStretch();
+  row->addWidget(wholeStepBoxes());
+  return widget;
+}
+
+QWidget* SetupTab::tuningFields() {
+  auto* widget = new QWidget;
+  auto* grid = new QGridLayout(widget);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setVerticalSpacing(4);
+
+  auto* mode = new QComboBox;
+  describe(mode, "Funkcio");
+  bind(mode, panel_.Funkcio);
+  grid->addWidget(wordedLabel("Label5"), 0, 0);
+  grid->addWidget(mode, 0, 1, Qt::AlignLeft);
+
+  auto* path = flatRow();
+  path->setSpacing(2);
+  QLineEdit* const steps = numberBox("Ut", panel_.Ut, 6);
+  path->addWidget(steps);
+  path->addWidget(arrowsFor(steps, "Utfolle", panel_.Utfolle));
+  path->addSpacing(10);
+  path->addWidget(wordedLabel("Label8"));
+  path->addWidget(numberBox("Spm", panel_.Spm, 6));
+  path->addSpacing(10);
+  path->addWidget(wordedLabel("Label9"));
+  QLabel* const length = framedLabel("Uthossz", panel_.Uthossz);
+  length->setFixedSize(numberBoxWidth(*this, 5), steps->sizeHint().height());
+  path->addWidget(length);
+  path->addWidget(wordedLabel("Label10"));
+  path->addStretch();
+  grid->addWidget(wordedLabel("Label7"), 1, 0);
+  grid->addLayout(path, 1, 1);
+
+  auto* tolerance = flatRow();
+  tolerance->setSpacing(2);
+  QLineEdit* const limit = numberBox("Tures", panel_.Tures, 6);
+  tolerance->addWidget(limit);
+  tolerance->addWidget(arrowsFor(limit, "Turesfolle", panel_.Turesfolle));
+  tolerance->addSpacing(10);
+  tolerance->addWidget(wordedLabel("Label12"));
+  tolerance->addStretch();
+  grid->addWidget(wordedLabel("Label11"), 2, 0);
+  grid->addLayout(tolerance, 2, 1);
+  return widget;
+}
+
+QWidget* SetupTab::wholeStepBoxes() {
+  auto* widget = new QWidget;
+  auto* column = new QVBoxLayout(widget);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(4);
+  column->addWidget(wordedLabel("Label31"));
+  struct Box {
+    std::string_view name;
+    controls::CheckBox& control;
+  };
+  for (const Box& box :
+       {Box{"Xegesz", panel_.Xegesz}, Box{"Yegesz", panel_.Yegesz}, Box{"Zegesz", panel_.Zegesz}}) {
+    auto* check = new QCheckBox;
+    describe(check, box.name);
+    bind(check, box.control);
+    column->addWidget(check);
+  }
+  return widget;
+}
+
+QWidget* SetupTab::uploadRow() {
+  auto* widget = new QWidget;
+  auto* row = flatRow(widget);
+  auto* button = new QPushButton(QIcon(QStringLiteral(":/pictures/upload.svg")), caption("Letolt"));
+  describe(button, "Letolt");
+  button->setIconSize({24, 24});
+  bind(button, panel_.Letolt);
+  auto* bar = new QProgressBar;
+  describe(bar, "Bar");
+  bind(bar, panel_.Bar);
+  row->addWidget(button);
+  row->addSpacing(10);
+  row->addWidget(wordedLabel("Label22"));
+  row->addWidget(bar, 1);
+  return widget;
+}
+
+}  // namespace monitra::desktop

@@ -1,0 +1,99 @@
+#include "desktop/spin_arrows.h"
+
+#include <QKeyEvent>
+#include <QStyleOptionFocusRect>
+#include <QStylePainter>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+
+namespace monitra::desktop {
+
+SpinArrows::SpinArrows(QWidget* parent) : QWidget(parent) {
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(1, 1, 1, 1);
+  layout->setSpacing(0);
+  QToolButton* const up = addArrow(Qt::UpArrow);
+  QToolButton* const down = addArrow(Qt::DownArrow);
+  layout->addWidget(up);
+  layout->addWidget(down);
+  connect(up, &QToolButton::clicked, this, &SpinArrows::upPressed);
+  connect(down, &QToolButton::clicked, this, &SpinArrows::downPressed);
+  setFocusPolicy(Qt::StrongFocus);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+QToolButton* SpinArrows::addArrow(Qt::ArrowType type) {
+  constexpr int repeatAfter = 350;
+  constexpr int repeatEvery = 60;
+  auto* arrow = new QToolButton(this);
+  arrow->setArrowType(type);
+  arrow->setAutoRepeat(true);
+  arrow->setAutoRepeatDelay(repeatAfter);
+  arrow->setAutoRepeatInterval(repeatEvery);
+  arrow->setFocusPolicy(Qt::NoFocus);
+  const int height = qMax(13, fontMetrics().height() * 3 / 4);
+  arrow->setFixedSize(height * 5 / 4 + 2, height);
+  arrow->setIconSize({height / 2, height / 2});
+  return arrow;
+}
+
+void SpinArrows::serve(QWidget* widget) {
+  widget->installEventFilter(this);
+}
+
+bool SpinArrows::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress && pressByKey(*static_cast<QKeyEvent*>(event))) return true;
+  if (event->type() == QEvent::Wheel && isEnabled()) {
+    pressByWheel(*static_cast<QWheelEvent*>(event));
+    return true;
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+void SpinArrows::keyPressEvent(QKeyEvent* event) {
+  if (!pressByKey(*event)) QWidget::keyPressEvent(event);
+}
+
+bool SpinArrows::pressByKey(const QKeyEvent& event) {
+  if (!isEnabled() || event.modifiers().testFlag(Qt::ControlModifier)) return false;
+  if (event.key() == Qt::Key_Up) {
+    emit upPressed();
+  } else if (event.key() == Qt::Key_Down) {
+    emit downPressed();
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void SpinArrows::wheelEvent(QWheelEvent* event) {
+  pressByWheel(*event);
+}
+
+void SpinArrows::pressByWheel(QWheelEvent& event) {
+  constexpr int notch = QWheelEvent::DefaultDeltasPerStep;
+  for (wheel_ += event.angleDelta().y(); wheel_ >= notch; wheel_ -= notch) emit upPressed();
+  for (; wheel_ <= -notch; wheel_ += notch) emit downPressed();
+  event.accept();
+}
+
+void SpinArrows::paintEvent(QPaintEvent* /*event*/) {
+  if (!hasFocus()) return;
+  QStylePainter painter(this);
+  QStyleOptionFocusRect focus;
+  focus.initFrom(this);
+  painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
+}
+
+void SpinArrows::focusInEvent(QFocusEvent* event) {
+  QWidget::focusInEvent(event);
+  update();
+}
+
+void SpinArrows::focusOutEvent(QFocusEvent* event) {
+  QWidget::focusOutEvent(event);
+  update();
+}
+
+}  // namespace monitra::desktop

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QWidget>
+
+class QToolButton;
+
+namespace monitra::desktop {
+
+/// Two small arrows, one above the other. A held arrow repeats; with the focus the up and down
+/// keys press them too, and the wheel does over them.
+class SpinArrows : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit SpinArrows(QWidget* parent = nullptr);
+
+  /// The up and down keys and the wheel press the arrows also in this widget.
+  void serve(QWidget* widget);
+
+ signals:
+  void upPressed();
+  void downPressed();
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QToolButton* addArrow(Qt::ArrowType type);
+  bool pressByKey(const QKeyEvent& event);
+  void pressByWheel(QWheelEvent& event);
+
+  int wheel_ = 0;  ///< turned since the last press, in eighths of a degree
+};
+
+}  // namespace monitra::desktop

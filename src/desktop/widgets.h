@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string_view>
+
+#include "controls/controls.h"
+
+class QHBoxLayout;
+class QLabel;
+class QLineEdit;
+class QWidget;
+
+namespace monitra::desktop {
+
+class SpinArrows;
+
+/// The kinds of widgets that the tabs are made of, each with the words of the named control and
+/// bound to it. An element of a control array has an index.
+
+QLabel* boundLabel(std::string_view name, controls::Label& control, int index = -1);
+
+/// A label with a border and its text in the middle.
+QLabel* framedLabel(std::string_view name, controls::Label& control);
+
+/// A text box as wide as this many figures.
+QLineEdit* numberBox(std::string_view name, controls::TextBox& control, int characters,
+                     int index = -1);
+
+/// The width of such a box beside this widget.
+int numberBoxWidth(const QWidget& widget, int characters);
+
+/// The arrows beside a box, which also answers their keys and the wheel.
+SpinArrows* arrowsFor(QLineEdit* box, std::string_view name, controls::SpinButton& control,
+                      int index = -1);
+
+/// A row without margins.
+QHBoxLayout* flatRow(QWidget* parent = nullptr);
+
+void makeBold(QWidget* widget);
+
+}  // namespace monitra::desktop

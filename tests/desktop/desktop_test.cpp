@@ -1,0 +1,264 @@
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+#include <QWheelEvent>
+#include <gtest/gtest.h>
+
+#include "desktop/main_window.h"
+#include "desktop/qt_file_dialog.h"
+#include "desktop/qt_message_box.h"
+#include "desktop/spin_arrows.h"
+#include "desktop/text.h"
+#include "support/program.h"
+
+namespace monitra::desktop {
+namespace {
+
+using support::Journal;
+
+struct Desktop : testing::Test, support::Program {
+  Desktop() {
+    lap.Form_Load();
+    window = std::make_unique<MainWindow>(lap);
+    window->showCentred();
+    QApplication::processEvents();
+    journal.clear();
+  }
+
+  template <class Widget>
+  Widget* find(const char* name) {
+    auto* const widget = window->findChild<Widget*>(QString::fromUtf8(name));
+    EXPECT_NE(widget, nullptr) << name;
+    return widget;
+  }
+  std::string text(const char* label) { return find<QLabel>(label)->text().toStdString(); }
+  std::string boxText(const char* field) { return find<QLineEdit>(field)->text().toStdString(); }
+  void pressArrow(const char* arrows, Qt::ArrowType type) {
+    for (QToolButton* const arrow : find<SpinArrows>(arrows)->findChildren<QToolButton*>()) {
+      if (arrow->arrowType() == type) QTest::mouseClick(arrow, Qt::LeftButton);
+    }
+  }
+  void replaceText(const char* field, const QString& pasted) {
+    QApplication::clipboard()->setText(pasted);
+    find<QLineEdit>(field)->selectAll();
+    find<QLineEdit>(field)->paste();
+  }
+  static void turnWheel(QWidget* widget, int notches) {
+    const QPointF at = widget->rect().center();
+    QWheelEvent event(at, widget->mapToGlobal(at), {}, {0, notches * 120}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(widget, &event);
+  }
+
+  std::unique_ptr<MainWindow> window;
+};
+
+TEST_F(Desktop, ShowsTheStartedProgram) {
+  EXPECT_EQ(window->windowTitle().toStdString(), "Vilor CNC Monitra V2.2.0");
+  EXPECT_EQ(text("Cim"), "Gerjesztés: Natív PWM (30.30 kHz)");
+  EXPECT_EQ(text("Xttarto") + text("Csucsf(2)"), "631.313 Hz (50%)333.000 S/s");
+  EXPECT_EQ(text("Label21"), "Tarso1 CNC Vezérlő Setup & Test");
+  EXPECT_EQ(find<QLabel>("Cim")->toolTip().toStdString(),
+            "Gerjesztési módja és PWM alap frekvenciája");
+  EXPECT_EQ(find<QTabWidget>("SSTab1")->count(), 4);
+  EXPECT_EQ(find<QPlainTextEdit>("InfoT")->toPlainText().toStdString(), "hiányzik");
+  EXPECT_EQ(window->minimumSize(), window->maximumSize());
+  const QPoint centre = window->frameGeometry().center();
+  EXPECT_LE((centre - window->screen()->availableGeometry().center()).manhattanLength(), 4);
+}
+
+TEST_F(Desktop, ArrowsKeysAndWheelMoveATimingField) {
+  pressArrow("FolLe(6)", Qt::UpArrow);
+  EXPECT_EQ(boxText("T2(6)") + " " + text("Xttarto"), "25 618.429 Hz (48.9%)");
+  pressArrow("FolLe(6)", Qt::DownArrow);
+  QTest::keyClick(find<SpinArrows>("FolLe(6)"), Qt::Key_Down);
+  EXPECT_EQ(boxText("T2(6)"), "23");
+  turnWheel(find<SpinArrows>("FolLe(6)"), 2);
+  turnWheel(find<QLineEdit>("T2(6)"), -1);
+  EXPECT_EQ(boxText("T2(6)"), "24");
+  QTest::keyClick(find<QLineEdit>("T2(6)"), Qt::Key_Up);
+  QTest::keyClicks(find<QLineEdit>("T2(6)"), "99");
+  EXPECT_EQ(boxText("T2(6)"), "25") << "can't be typed into";
+}
+
+TEST_F(Desktop, TypedAndPastedTextIsClamped) {
+  find<QLineEdit>("Ut")->selectAll();
+  QTest::keyClicks(find<QLineEdit>("Ut"), "1500");
+  EXPECT_EQ(lap.setup.Utfolle.Value, 1500);
+  EXPECT_EQ(text("Uthossz"), "18.75");
+  replaceText("Ut", QStringLiteral("70000"));
+  pressArrow("Utfolle", Qt::DownArrow);
+  EXPECT_EQ(boxText("Ut"), "65534");
+  replaceText("Tures", QStringLiteral("-5"));
+  EXPECT_EQ(boxText("Tures"), "0");
+}
+
+TEST_F(Desktop, DiagramFollowsTheEditionAndItsHeadsStandAboveTheColumns) {
+  QWidget* const diagram = find<QLabel>("Label2")->parentWidget();
+  const QImage second = diagram->grab().toImage();
+  lap.setup.MBKVilor.click();
+  EXPECT_NE(diagram->grab().toImage(), second);
+  EXPECT_FALSE(find<QPushButton>("Letolt")->isEnabled());
+  lap.setup.MBKTarso.click();
+  EXPECT_EQ(diagram->grab().toImage(), second);
+  for (const auto& [head, field] :
+       {std::pair("Label2", "TF(0)"), std::pair("Label1", "T1(3)"), std::pair("Label3(0)", "T2(6)"),
+        std::pair("Label4(0)", "T3(9)")}) {
+    QLabel* const label = find<QLabel>(head);
+    QLineEdit* const shown = find<QLineEdit>(field);
+    const int left = shown->mapTo(window.get(), QPoint(0, 0)).x();
+    const int middle = label->mapTo(window.get(), label->rect().center()).x();
+    EXPECT_TRUE(left < middle && middle < left + shown->width()) << head;
+  }
+}
+
+TEST_F(Desktop, ButtonUploadsAndTheBarMovesWhileTheThreadIsBlocked) {
+  // The fakes run no event loop, so what is painted here is painted at once.
+  class PaintedValues : public QObject {
+   public:
+    bool eventFilter(QObject* bar, QEvent* event) override {
+      if (event->type() == QEvent::Paint)
+        values.push_back(static_cast<QProgressBar*>(bar)->value());
+      return false;
+    }
+    std::vector<int> values;
+  } painted;
+  auto* const bar = find<QProgressBar>("Bar");
+  bar->installEventFilter(&painted);
+  QTest::mouseClick(find<QPushButton>("Letolt"), Qt::LeftButton);
+  bar->removeEventFilter(&painted);
+  EXPECT_EQ(painted.values, (std::vector<int>{10, 25, 35, 50, 62, 75, 85, 100, 0}));
+  EXPECT_EQ(std::count(journal.begin(), journal.end(), "z1"), 480);
+  EXPECT_EQ(journal.back().substr(0, 7), "box 64:");
+}
+
+TEST_F(Desktop, ListsBoxesTabsAndMenusReachTheModel) {
+  QTest::keyClick(find<QComboBox>("Funkcio"), Qt::Key_End);
+  QTest::mouseClick(find<QCheckBox>("Zegesz"), Qt::LeftButton, {}, {8, 8});
+  EXPECT_EQ(lap.setup.spinValues().Funkcio, 5);
+  EXPECT_TRUE(lap.setup.Zegesz.Checked);
+
+  find<QTabWidget>("SSTab1")->setCurrentIndex(1);
+  auto* const ports = find<QListWidget>("LPT");
+  const QPoint third = ports->visualItemRect(ports->item(2)).center();
+  QTest::mouseClick(ports->viewport(), Qt::LeftButton, {}, third);
+  QTest::mouseClick(ports->viewport(), Qt::LeftButton, Qt::ControlModifier, third);
+  EXPECT_EQ(ports->selectedItems().size(), 1) << "the selection can't be removed";
+  find<QTabWidget>("SSTab1")->setCurrentIndex(2);
+  EXPECT_EQ(journal, (Journal{"r3BC", "w3BC=0"}));
+
+  for (int twice = 0; twice < 2; ++twice) find<QAction>("Mpcb32")->trigger();
+  EXPECT_TRUE(find<QAction>("Mpcb32")->isChecked());
+  EXPECT_FALSE(find<QAction>("Mpcb40")->isChecked());
+  EXPECT_EQ(text("PCBV"), "PCB V3.2");
+}
+
+TEST_F(Desktop, MenuOpensSavesAndEnds) {
+  lap.setup.FolLe[0].Value = 77;
+  dialog.path = scratch.path("uj.pwm");
+  find<QAction>("MFSetMent")->trigger();
+  lap.setup.FolLe[0].Value = 5;
+  find<QAction>("MFSetNyit")->trigger();
+  EXPECT_EQ(boxText("TF(0)"), "77");
+  EXPECT_EQ(window->windowTitle().toStdString(), "Vilor CNC Monitra V2.2.0  (uj.pwm)");
+  window->close();
+  EXPECT_EQ(journal.back(), "end");
+  EXPECT_EQ(std::count(journal.begin(), journal.end(), "z1"), 216);
+}
+
+/// Does something to the dialog that comes up next.
+template <class Dialog>
+void whenShown(std::function<void(Dialog&)> act) {
+  QTimer::singleShot(0, [act] {
+    auto* const dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    act(*dialog);
+  });
+}
+
+TEST(QtMessageBox, ShowsTextIconAndTitleAndMapsTheAnswer) {
+  using platform::BoxAnswer;
+  struct Case {
+    int style;
+    QMessageBox::Icon icon;
+    int button;  ///< that is pressed; -1: the escape key
+    BoxAnswer answer;
+  };
+  QtMessageBox prompt(QStringLiteral("Monitra Setup"));
+  for (const auto& c : {Case{52, QMessageBox::Warning, 0, BoxAnswer::Yes},
+                        Case{36, QMessageBox::Question, 1, BoxAnswer::No},
+                        Case{52, QMessageBox::Warning, -1, BoxAnswer::No},
+                        Case{64, QMessageBox::Information, -1, BoxAnswer::Ok},
+                        Case{16, QMessageBox::Critical, 0, BoxAnswer::Ok},
+                        Case{0, QMessageBox::NoIcon, 0, BoxAnswer::Ok}}) {
+    whenShown<QMessageBox>([&c](QMessageBox& box) {
+      EXPECT_EQ(box.text().toStdString(), "'<b>.pwm'\nmásodik");
+      EXPECT_EQ(box.textFormat(), Qt::PlainText);
+      EXPECT_EQ(box.windowTitle().toStdString(), "Monitra Setup");
+      EXPECT_EQ(box.icon(), c.icon);
+      const bool asks = platform::box_style::asksYesNo(c.style);
+      EXPECT_EQ(box.buttons().size(), asks ? 2 : 1);
+      EXPECT_EQ(box.buttons().constFirst()->text().toStdString(), asks ? "&Igen" : "OK");
+      EXPECT_EQ(box.defaultButton(), asks ? box.buttons().constFirst() : nullptr);
+      if (c.button >= 0) {
+        box.buttons().at(c.button)->click();
+      } else {
+        QTest::keyClick(&box, Qt::Key_Escape);
+      }
+    });
+    EXPECT_EQ(prompt.MsgBox("'<b>.pwm'\r\nmásodik", c.style), c.answer);
+  }
+}
+
+TEST(QtFileDialog, OffersTheGivenFiltersAndTakesAnyName) {
+  const support::Scratch scratch;
+  QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+  QtFileDialog dialog;
+  const auto show = [&](platform::Failure (QtFileDialog::*ask)(), const char* typed) {
+    dialog.Filter = "Setup File (*.pwm)|*.pwm|Minden File (*.*)|*.*";
+    dialog.FileName = "Modositott.pwm";
+    whenShown<QFileDialog>([&](QFileDialog& shown) {
+      EXPECT_EQ(shown.nameFilters(),
+                (QStringList{"Setup File (*.pwm) (*.pwm)", "Minden File (*.*) (*)"}));
+      EXPECT_TRUE(shown.testOption(QFileDialog::HideNameFilterDetails));
+      auto* const name = shown.findChild<QLineEdit*>("fileNameEdit");
+      EXPECT_EQ(name->text(), "Modositott.pwm");
+      shown.setDirectory(toQt(scratch.path()));
+      name->setText(QString::fromUtf8(typed));
+      QTest::keyClick(name, *typed != '\0' ? Qt::Key_Return : Qt::Key_Escape);
+    });
+    return (dialog.*ask)();
+  };
+  EXPECT_EQ(show(&QtFileDialog::ShowOpen, "nincs.pwm"), platform::Failure::None);
+  EXPECT_EQ(dialog.FileName, scratch.path("nincs.pwm"));
+  EXPECT_EQ(dialog.FileTitle, "nincs.pwm");
+  EXPECT_EQ(show(&QtFileDialog::ShowSave, "ékezetes név"), platform::Failure::None);
+  EXPECT_EQ(dialog.FileTitle, "ékezetes név.pwm") << "a name without extension gets the filter's";
+  EXPECT_EQ(show(&QtFileDialog::ShowOpen, ""), platform::Failure::Cancel);
+  EXPECT_EQ(dialog.FileName, "Modositott.pwm");
+}
+
+}  // namespace
+}  // namespace monitra::desktop
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  testing::InitGoogleTest(&argc, argv);
+  const QApplication application(argc, argv);
+  QApplication::setStyle(QStringLiteral("Fusion"));
+  return RUN_ALL_TESTS();
+}
