@@ -9,17 +9,17 @@ test_packages="libgtest-dev sigrok-cli"
 # To check the form of the sources.
 check_packages="clang-format clang-tidy"
 
-is_installed() {
-  [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
-}
-
 # need_packages WHY PACKAGE...: installs what is missing, or says what and why, and fails.
 need_packages() {
   why=$1
   shift
+  states=$(dpkg-query -W -f '<${Package}=${db:Status-Status}>' "$@" 2>/dev/null || true)
   missing=
   for package in "$@"; do
-    is_installed "$package" || missing="$missing $package"
+    case "$states" in
+      *"<$package=installed>"*) ;;
+      *) missing="$missing $package" ;;
+    esac
   done
   [ -n "$missing" ] || return 0
 

@@ -27,7 +27,7 @@ struct Ctl : testing::Test {
 
   std::string run(const std::vector<std::string>& arguments, int exitCode,
                   const std::string& input = {}) {
-    std::string command = "printf " + support::quoted(input) + " | " + ctl;
+    std::string command = "printf " + support::quoted(input) + " | " + support::quoted(ctl);
     for (const std::string& argument : arguments) command += " " + support::quoted(argument);
     const support::Ran ran = support::shell(command);
     EXPECT_EQ(ran.exitCode, exitCode) << ran.output;
@@ -152,7 +152,7 @@ TEST_F(Ctl, AnIndependentDecoderReadsTheTwentyBytesFromTheDump) {
     const std::string dump = scratch.path(std::string(board.pcb) + ".vcd");
     run({"upload", file, "--port", "sim", "--yes", "--pcb", board.pcb, "--vcd", dump}, 0);
     const support::Ran decoder = support::shell(
-        "sigrok-cli -i " + dump + " -P spi:clk=" + board.clock +
+        "sigrok-cli -i " + support::quoted(dump) + " -P spi:clk=" + board.clock +
         ":mosi=D5_YDir_SorosAdat:bitorder=lsb-first:cpol=0:cpha=0:wordsize=8 -A spi=mosi-data");
     ASSERT_EQ(decoder.exitCode, 0) << decoder.output;
     std::string decoded;

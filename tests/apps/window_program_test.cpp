@@ -12,7 +12,7 @@ TEST(Simulator, EverySignalRunsTheShutdownWithoutItsQuestion) {
   for (const std::string signal : {"TERM", "INT", "HUP"}) {
     const support::Scratch scratch;
     const support::Ran ran = support::shell(
-        "cd " + scratch.path() +
+        "cd " + support::quoted(scratch.path()) +
         "; export XDG_CONFIG_HOME=$PWD XDG_RUNTIME_DIR=$PWD QT_QPA_PLATFORM=offscreen\n" +
         support::quoted(MONITRA_BIN "/monitra-szimulator") + " >seen 2>errors & program=$!\n" +
         "until grep -qs Szim seen || ! kill -0 $program; do sleep 0.05; done\n" + "kill -" +
