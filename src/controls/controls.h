@@ -14,6 +14,11 @@ namespace monitra::controls {
 /// A control's event that carries no value. There is one slot, for the program's handler.
 class Event {
  public:
+  Event() = default;
+  Event(const Event&) = delete;
+  Event& operator=(const Event&) = delete;
+  ~Event() = default;
+
   void handle(std::function<void()> handler) { handler_ = std::move(handler); }
   void raise() const {
     if (handler_) handler_();
@@ -42,14 +47,15 @@ struct Line {
   Property<bool> Visible;
 };
 
-/// The change event is that of Text, typed or assigned.
+/// One line of text; the change event is that of Text, typed or assigned.
 struct TextBox {
   explicit TextBox(std::string text = {}, bool locked = false)
       : Text(std::move(text)), Locked(locked) {}
 
-  /// The user has edited the text, which now reads as given. A locked box only shows.
-  void type(std::string text) {
-    if (Enabled && !Locked) Text = std::move(text);
+  /// The user has edited the text, which now reads as given, up to the line break that a pasted
+  /// text may hold. A locked box only shows.
+  void type(const std::string& text) {
+    if (Enabled && !Locked) Text = text.substr(0, text.find_first_of("\r\n"));
   }
 
   Property<std::string> Text;
@@ -101,8 +107,8 @@ struct PushButton {
   Event Click;
 };
 
-/// A list from which one entry is always selected; the click event is that of ListIndex.
-/// An index outside the list selects the nearest entry.
+/// A list, not empty, from which one entry is always selected; the click event is that of
+/// ListIndex. An index outside the list selects the nearest entry.
 struct PickList {
   explicit PickList(std::vector<std::string> items)
       : Items(std::move(items)), ListIndex(0, static_cast<int>(Items.size()) - 1, 0) {}

@@ -54,6 +54,7 @@ class Property {
 /// A whole number that keeps to its limits: an assignment outside them takes the nearest one.
 class BoundedProperty : private Property<int> {
  public:
+  /// The initial value is cut to the limits; max is not below min.
   BoundedProperty(int min, int max, int initial)
       : Property<int>(std::clamp(initial, min, max)), min_(min), max_(max) {}
 
@@ -61,6 +62,7 @@ class BoundedProperty : private Property<int> {
     Property<int>::operator=(std::clamp(value, min_, max_));
     return *this;
   }
+  BoundedProperty& operator=(const BoundedProperty& other) { return *this = other.get(); }
 
   int min() const { return min_; }
   int max() const { return max_; }
@@ -71,8 +73,8 @@ class BoundedProperty : private Property<int> {
   using Property<int>::observe;
 
  private:
-  int min_;
-  int max_;
+  const int min_;
+  const int max_;
 };
 
 }  // namespace monitra::controls
