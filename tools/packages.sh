@@ -1,51 +1,70 @@
-# Sourced by ./run, ./test and .ci/run: which Debian packages are needed for what, and how they
-# get onto this machine. Nothing here asks a question.
+# Sourced by ./run, ./test and .ci/run: which Debian packages are needed for what, how they get
+# onto this machine, and how a preset is built. Nothing here asks a question.
 
 # To build the programs; to draw and translate their window.
-build_packages="g++ cmake ninja-build qt6-base-dev libqt6svg6-dev libcli11-dev nlohmann-json3-dev"
+build_packages="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libcli11-dev nlohmann-json3-dev"
 window_packages="qt6-translations-l10n fonts-dejavu-core fonts-liberation"
 # To build and run the tests, among them an independent decoder of the serial line.
 test_packages="libgtest-dev sigrok-cli"
 # To check the form of the sources.
 check_packages="clang-format clang-tidy"
 
+# missing_packages PACKAGE...: prints those that are not installed, a blank ahead of each.
+missing_packages() {
+  states=$(dpkg-query -W -f '<${Package}=${db:Status-Status}>' "$@" 2>/dev/null || true)
+  for package in "$@"; do
+    case "$states" in
+      *"<$package=installed>"*) ;;
+      *) printf ' %s' "$package" ;;
+    esac
+  done
+}
+
 # need_packages WHY PACKAGE...: installs what is missing, or says what and why, and fails.
 need_packages() {
   why=$1
   shift
-  states=$(dpkg-query -W -f '<${Package}=${db:Status-Status}>' "$@" 2>/dev/null || true)
-  missing=
-  for package in "$@"; do
-    case "$states" in
-      *"<$package=installed>"*) ;;
-      *) missing="$missing $package" ;;
-    esac
-  done
+  missing=$(missing_packages "$@")
   [ -n "$missing" ] || return 0
 
+  if ! command -v apt-get >/dev/null; then
+    echo "Hiányzik ($why):$missing" >&2
+    echo "Ezen a gépen nincs apt-get; telepítse ezeket a gép saját eszközével!" >&2
+    return 1
+  fi
   root=
   if [ "$(id -u)" -ne 0 ]; then
     if command -v sudo >/dev/null && sudo -n true 2>/dev/null; then
       root="sudo -n"
     else
+      command="apt-get install -y --no-install-recommends$missing"
       echo "Hiányzó csomagok ($why):$missing" >&2
-      echo "Telepítésükhöz rendszergazdai jog kell. Futtassa ezt, azután próbálja újra:" >&2
-      echo "  sudo apt-get install -y --no-install-recommends$missing" >&2
+      echo "Telepítésükhöz rendszergazdai jog kell. Futtassa az egyiket, azután próbálja újra:" >&2
+      echo "  sudo $command" >&2
+      echo "  su -c '$command'" >&2
       return 1
     fi
   fi
   echo "Csomagok telepítése ($why):$missing" >&2
-  $root apt-get update -qq >&2 || true
+  lock="-o DPkg::Lock::Timeout=120"
+  # shellcheck disable=SC2086
+  $root apt-get $lock update -qq >&2 || true
   # shellcheck disable=SC2086
   $root env DEBIAN_FRONTEND=noninteractive \
-    apt-get install -y -qq --no-install-recommends $missing >&2 </dev/null || {
-    echo "A csomagok telepítése nem sikerült. Ellenőrizze a hálózatot és az apt forrásait!" >&2
+    apt-get $lock install -y -qq --no-install-recommends $missing >&2 </dev/null || true
+  missing=$(missing_packages "$@")
+  if [ -n "$missing" ]; then
+    echo "Nem sikerült telepíteni:$missing" >&2
+    echo "Ellenőrizze a hálózatot és az apt forrásait!" >&2
     return 1
-  }
+  fi
 }
 
-# build PRESET: configures where that has not been done, and builds.
+# build PRESET: configures where that has not been done for this folder, and builds.
 build() {
-  [ -f "build/$1/build.ninja" ] || cmake --preset "$1" >&2
+  if ! grep -qsxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "build/$1/CMakeCache.txt" ||
+    [ ! -f "build/$1/build.ninja" ]; then
+    cmake --fresh --preset "$1" >&2
+  fi
   cmake --build --preset "$1" >&2
 }
