@@ -1,9 +1,15 @@
 #include "host/executable.h"
 
+#include <csignal>
 #include <filesystem>
 #include <system_error>
 
 namespace monitra::host {
+
+void surviveWriteSignals() {
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+}
 
 platform::ProgramIdentity programIdentity(const std::string& title) {
   std::error_code error;

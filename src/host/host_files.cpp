@@ -7,6 +7,7 @@
 #include <system_error>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace monitra::host {
 
@@ -97,24 +98,29 @@ class HostWriter : public platform::ByteWriter {
 }  // namespace
 
 std::string HostFiles::Dir(const std::string& path) {
+  namespace fs = std::filesystem;
   struct stat wanted {};
   if (::stat(path.c_str(), &wanted) != 0 || S_ISDIR(wanted.st_mode)) return {};
-  const std::filesystem::path asked(path);
-  const std::filesystem::path folder = asked.has_parent_path() ? asked.parent_path() : ".";
-  std::string sameFile;
+  const fs::path asked(path);
   std::error_code error;
-  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+  const fs::path folder = asked.has_parent_path() ? asked.parent_path() : ".";
+  std::vector<fs::path> names;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
        entry.increment(error)) {
-    if (entry->path().filename() == asked.filename()) return asked.filename();
-    // A file system that ignores case finds the file under another spelling than its own.
-    struct stat found {};
-    if (sameFile.empty() && ::stat(entry->path().c_str(), &found) == 0 &&
-        found.st_ino == wanted.st_ino && found.st_dev == wanted.st_dev) {
-      sameFile = entry->path().filename();
-    }
+    names.push_back(entry->path().filename());
+    if (names.back() == asked.filename()) return names.back();
   }
   // A folder that may be entered but not listed can't tell its own spelling.
-  return error ? asked.filename().string() : sameFile;
+  if (error) return asked.filename();
+  // A file system that ignores case has found the file under another spelling.
+  for (const fs::path& name : names) {
+    struct stat found {};
+    if (::stat((folder / name).c_str(), &found) == 0 && found.st_ino == wanted.st_ino &&
+        found.st_dev == wanted.st_dev) {
+      return name;
+    }
+  }
+  return {};
 }
 
 Failure HostFiles::openForReading(const std::string& path,

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
+#include <sstream>
 #include <system_error>
 
 namespace monitra::settings {
@@ -12,9 +13,16 @@ namespace {
 
 using Json = nlohmann::json;
 
+/// The file's content, or something that is no object if it can't be made out.
+Json read(const std::string& path) {
+  std::ostringstream content;
+  content << std::ifstream(path).rdbuf();
+  return Json::parse(content.str(), nullptr, false);
+}
+
+/// The usable settings of a file.
 Json load(const std::string& path) {
-  std::ifstream file(path);
-  Json settings = file ? Json::parse(file, nullptr, false) : Json::object();
+  Json settings = read(path);
   return settings.is_object() ? settings : Json::object();
 }
 
@@ -44,12 +52,19 @@ void JsonSettings::SaveSetting(const std::string& application, const std::string
   if (!settings[section].is_object()) settings[section] = Json::object();
   settings[section][key] = value;
   std::error_code error;
+  if (isDamaged(application)) std::filesystem::rename(file, file + ".bad", error);
   std::filesystem::create_directories(folder_, error);
   if (store(fresh, settings)) {
     std::filesystem::rename(fresh, file, error);
   } else {
     std::filesystem::remove(fresh, error);
   }
+}
+
+bool JsonSettings::isDamaged(const std::string& application) const {
+  const std::string file = path(application);
+  std::error_code error;
+  return std::filesystem::exists(file, error) && !read(file).is_object();
 }
 
 std::string JsonSettings::path(const std::string& application) const {
