@@ -3,11 +3,13 @@
 
 int main(int argc, char** argv) {
   monitra::ports::RegisterMemory noPort;
-  return monitra::apps::run(
-      argc, argv,
-      {"Monitra Setup",
-       "Nincs elérhető nyomtatóport: a program semmit sem küld ki. Próbához a Monitra Szimulátor "
-       "való.",
-       noPort,
-       {}});
+  const auto tellThatNothingWentOut = [](monitra::shell::Lap& lap) {
+    lap.upload().sent.handle(
+        [&lap] { lap.Esemeny.Caption = "Nem ment ki semmi, mert nincs elérhető nyomtatóport."; });
+  };
+  return monitra::apps::run(argc, argv,
+                            {"Monitra Setup", ":/pictures/monitra.svg",
+                             "Nincs elérhető nyomtatóport, a program semmit sem küld ki; próbához "
+                             "a Monitra Szimulátor való.",
+                             noPort, tellThatNothingWentOut});
 }

@@ -2,17 +2,17 @@
 #include <string>
 
 #include "apps/window_program.h"
-#include "link/port.h"
+#include "link/port_selection.h"
 #include "ports/simulated_port.h"
 
 namespace {
 
 using namespace monitra;
 
-/// The receiving controller, as "&H378, PCB V4.x".
+/// The receiving controller, as "&H378 PCB V4.x".
 std::string place(std::int32_t address, const ports::Wiring& wiring, const link::PortPanel& panel) {
   for (const std::string& entry : panel.LPT.Items) {
-    if (link::portAddress(entry) == address) return entry + ", " + std::string(wiring.board);
+    if (link::portAddress(entry) == address) return entry + " " + std::string(wiring.board);
   }
   return std::string(wiring.board);
 }
@@ -21,21 +21,19 @@ std::string place(std::int32_t address, const ports::Wiring& wiring, const link:
 void report(shell::Lap& lap, ports::SimulatedPort& port) {
   port.received = [&lap](std::int32_t address, const ports::Wiring& wiring,
                          const ports::Received& message) {
-    const std::string bytes = ports::bytesText(message.bytes);
-    const std::string where = place(address, wiring, lap.port);
-    lap.Esemeny.Caption = "A szimulált vezérlő ezt kapta: " + bytes;
-    std::cout << where << ": " << bytes << std::endl;
+    const std::string heard =
+        place(address, wiring, lap.port) + ": " + ports::bytesText(message.bytes);
+    lap.Esemeny.Caption = "A vezérlő ezt kapta: " + heard;
+    std::cout << heard << std::endl;
   };
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  constexpr const char* status =
-      "Szimulált port: a jelek egy virtuális vezérlőhöz mennek, gép nem mozdul.";
   ports::SimulatedPort port;
-  return apps::run(argc, argv, {"Monitra Szimulátor", status, port, [&port](shell::Lap& lap) {
-                                  report(lap, port);
-                                  std::cout << status << std::endl;
-                                }});
+  return apps::run(argc, argv,
+                   {"Monitra Szimulátor", ":/pictures/szimulator.svg",
+                    "Szimulált port: a jelek egy virtuális vezérlőhöz mennek, a gép nem mozdul.",
+                    port, [&port](shell::Lap& lap) { report(lap, port); }});
 }

@@ -1,10 +1,12 @@
 #include "apps/window_program.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QStyleFactory>
 #include <QTranslator>
 #include <cstdlib>
+#include <iostream>
 
 #include "desktop/end_watch.h"
 #include "desktop/main_window.h"
@@ -15,11 +17,27 @@
 #include "host/pacer.h"
 #include "host/windows1250.h"
 #include "settings/json_settings.h"
+#include "shell/event_texts.h"
 
 namespace monitra::apps {
 
+namespace {
+
+/// On an X display, that of a Wayland session too, the window can be put in the middle of the
+/// screen, and the loss of the display still leaves time to switch the motors off.
+void preferX() {
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && qEnvironmentVariableIsSet("DISPLAY")) {
+    qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+  }
+}
+
+}  // namespace
+
 int run(int argc, char** argv, const WindowProgram& program) {
+  host::surviveWriteSignals();
+  preferX();
   QApplication application(argc, argv);
+  QApplication::setWindowIcon(QIcon(QString::fromUtf8(program.icon)));
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
   QTranslator hungarian;
   if (hungarian.load(QStringLiteral("qtbase_hu"),
@@ -38,12 +56,14 @@ int run(int argc, char** argv, const WindowProgram& program) {
                   [] { std::_Exit(EXIT_SUCCESS); }});
   lap.Form_Load();
   lap.PortAllapot.Caption = program.portStatus;
+  if (settings.isDamaged(identity.EXEName)) lap.Esemeny.Caption = shell::damagedPreferencesText();
   const desktop::EndWatch watch([&lap] { lap.endWithoutQuestion(); });
   desktop::MainWindow window(lap);
   box.setParent(&window);
   dialog.setParent(&window);
   window.showCentred();
   if (program.started) program.started(lap);
+  std::cout << program.portStatus << std::endl;
   const int exitCode = QApplication::exec();
   lap.endWithoutQuestion();
   return exitCode;

@@ -10,7 +10,8 @@ namespace monitra::apps {
 /// What sets one program with the window apart from another.
 struct WindowProgram {
   const char* title;       ///< caption of its message boxes
-  const char* portStatus;  ///< what the footer says of the port, always
+  const char* icon;        ///< of the window and the task bar
+  const char* portStatus;  ///< what the footer and standard output say of the port
   platform::PortRegisters& registers;
   /// Called with the started Lap once the window shows; may be empty.
   std::function<void(shell::Lap&)> started;

@@ -41,13 +41,18 @@ void mirrorList(List* widget, controls::PickList& control, void (List::*show)(in
 }  // namespace
 
 void bind(QWidget* window, controls::Form& form) {
-  mirror(form.Caption, [window, &form] { window->setWindowTitle(toQt(form.Caption.get())); });
+  mirror(form.Caption, [window, &form] {
+    // Qt would take a single "[*]" in a file's name for its own mark.
+    window->setWindowTitle(toQt(form.Caption.get()).replace("[*]", "[*][*]"));
+  });
 }
 
 void bind(QLabel* widget, controls::Label& control) {
   widget->setTextFormat(Qt::PlainText);
   mirror(control.Caption, [widget, &control] { widget->setText(toQt(control.Caption.get())); });
-  mirror(control.Visible, [widget, &control] { widget->setVisible(control.Visible); });
+  // A label without a parent yet would be shown as a window of its own.
+  if (!control.Visible) widget->hide();
+  control.Visible.observe([widget, &control] { widget->setVisible(control.Visible); });
   mirrorEnabled(widget, control.Enabled);
 }
 

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QStyle>
+#include <QTextDocument>
 #include <QVBoxLayout>
 
 #include "desktop/bindings.h"
@@ -25,7 +26,9 @@ StatusLine::StatusLine(std::string_view name, controls::Label& control, QWidget*
     : QLabel(parent) {
   setObjectName(toQt(name));
   bind(this, control);
-  const auto show = [this, &control] { setToolTip(toQt(control.Caption.get())); };
+  const auto show = [this, &control] {
+    setToolTip(Qt::convertFromPlainText(toQt(control.Caption.get())));
+  };
   show();
   control.Caption.observe(show);
 }
@@ -75,7 +78,9 @@ Footer::Footer(controls::Label& PortAllapot, controls::Label& Esemeny, QWidget* 
   }
   names->addLayout(maker);
   rows->addLayout(names);
-  rows->addWidget(new StatusLine("PortAllapot", PortAllapot));
+  auto* port = new StatusLine("PortAllapot", PortAllapot);
+  makeBold(port);
+  rows->addWidget(port);
   rows->addWidget(new StatusLine("Esemeny", Esemeny));
 }
 

@@ -10,8 +10,6 @@ namespace monitra::desktop {
 /// A line of text that never asks for more width than it gets: what doesn't fit is cut with an
 /// ellipsis, and the tooltip shows the whole.
 class StatusLine : public QLabel {
-  Q_OBJECT
-
  public:
   StatusLine(std::string_view name, controls::Label& control, QWidget* parent = nullptr);
 
@@ -25,8 +23,6 @@ class StatusLine : public QLabel {
 /// The strip below the tabs: the program's name, the maker, and the status lines.
 /// The controls must live as long as the widget.
 class Footer : public QWidget {
-  Q_OBJECT
-
  public:
   Footer(controls::Label& PortAllapot, controls::Label& Esemeny, QWidget* parent = nullptr);
 };

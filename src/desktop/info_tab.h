@@ -8,8 +8,6 @@ namespace monitra::desktop {
 
 /// The tab "Infó". The text's control must live as long as the widget.
 class InfoTab : public QWidget {
-  Q_OBJECT
-
  public:
   explicit InfoTab(controls::TextBox& InfoT, QWidget* parent = nullptr);
 };

@@ -1,8 +1,6 @@
 #include "desktop/main_window.h"
 
-#include <QActionGroup>
 #include <QCloseEvent>
-#include <QIcon>
 #include <QLayout>
 #include <QMenuBar>
 #include <QScreen>
@@ -39,7 +37,6 @@ QAction* addEntry(QMenu* menu, std::string_view name) {
 
 MainWindow::MainWindow(shell::Lap& lap) : lap_(lap) {
   bind(this, lap_.form);
-  setWindowIcon(QIcon(QStringLiteral(":/pictures/monitra.svg")));
   setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                  Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
                  Qt::WindowCloseButtonHint);

@@ -1,17 +1,16 @@
 #pragma once
 
 #include <QMainWindow>
-#include <QTabWidget>
 
 #include "shell/lap.h"
+
+class QTabWidget;
 
 namespace monitra::desktop {
 
 /// The program's window, bound to the Lap, which must have been started and must outlive it.
 /// Closing it runs the Lap's shutdown.
 class MainWindow : public QMainWindow {
-  Q_OBJECT
-
  public:
   explicit MainWindow(shell::Lap& lap);
 

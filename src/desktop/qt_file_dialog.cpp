@@ -35,7 +35,14 @@ Failure QtFileDialog::ShowSave() {
   QFileDialog dialog(parent_);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
-  dialog.setDefaultSuffix(toQt(FileName).section(QLatin1Char('.'), -1));
+  // A name without extension gets that of the filter, and none under the filter for all files.
+  const QString extension = toQt(FileName).section(QLatin1Char('.'), -1);
+  const auto completeBy = [&dialog, extension](const QString& filter) {
+    const bool allFiles = filter.endsWith(QLatin1String("(*)"));
+    dialog.setDefaultSuffix(allFiles ? QString() : extension);
+  };
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, completeBy);
+  completeBy({});
   return show(dialog);
 }
 

@@ -1,9 +1,9 @@
 #include "desktop/qt_message_box.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
+#include <QEventLoop>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTimer>
 
 #include "desktop/text.h"
 
@@ -33,9 +33,9 @@ QMessageBox::Icon iconOf(int style) {
 /// stood, while the user's clicks and keys wait.
 void repaintWindow() {
   constexpr int milliseconds = 60;
-  for (QDeadlineTimer timer(milliseconds); !timer.hasExpired();) {
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, milliseconds / 4);
-  }
+  QEventLoop loop;
+  QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+  loop.exec(QEventLoop::ExcludeUserInputEvents);
 }
 
 }  // namespace

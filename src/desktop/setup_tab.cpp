@@ -43,7 +43,32 @@ QLabel* picture(std::string_view name, int index, const QString& file, QSize siz
   return label;
 }
 
+constexpr int spinFieldFigures = 6;
+constexpr int spinFieldGap = 10;
+
+/// A row that begins with a box that can be typed into and its arrows.
+QHBoxLayout* spinField(std::string_view boxName, controls::TextBox& text,
+                       std::string_view arrowsName, controls::SpinButton& spin) {
+  QHBoxLayout* const row = flatRow();
+  row->setSpacing(2);
+  QLineEdit* const box = numberBox(boxName, text, spinFieldFigures);
+  SpinArrows* const arrows = boundArrows(arrowsName, spin);
+  arrows->serve(box);
+  row->addWidget(box);
+  row->addWidget(arrows);
+  row->addSpacing(spinFieldGap);
+  return row;
+}
+
 }  // namespace
+
+/// A frame of derived values: its labels by axis and the widest text that they must hold.
+struct SetupTab::DerivedColumn {
+  std::string_view frame;
+  std::array<std::string_view, 3> names;
+  std::array<controls::Label*, 3> labels;
+  const char* widest;
+};
 
 SetupTab::SetupTab(timing::SetupPanel& panel, QWidget* parent) : QWidget(parent), panel_(panel) {
   auto* rows = new QVBoxLayout(this);
@@ -59,7 +84,7 @@ SetupTab::SetupTab(timing::SetupPanel& panel, QWidget* parent) : QWidget(parent)
 
 int SetupTab::columnWidth() const {
   constexpr int gap = 6;
-  const int field = numberBoxWidth(*this, 3) + SpinArrows().sizeHint().width();
+  const int field = numberBoxWidth(*this, 3) + SpinArrows::widthBeside(fontMetrics());
   return qMax(qRound(logicalDpiX() * columnTwips / 1440.0), field + gap);
 }
 
@@ -136,55 +161,54 @@ void SetupTab::addTimingField(QGridLayout& grid, int i) {
   box->setFocusPolicy(Qt::ClickFocus);
   cell->addStretch();
   cell->addWidget(box);
-  cell->addWidget(arrowsFor(box, "FolLe", panel_.FolLe[i], i));
+  cell->addWidget(boundArrows("FolLe", panel_.FolLe[i], i));
   cell->addStretch();
   grid.addLayout(cell, i % 3 + 1, i / 3 + 1);
   grid.setColumnMinimumWidth(i / 3 + 1, columnWidth());
 }
 
 void SetupTab::addDerived(QGridLayout& grid) {
-  struct Column {
-    std::string_view frame;
-    std::array<std::string_view, 3> names;
-    std::array<controls::Label*, 3> labels;
-    bool indexed;
+  const DerivedColumn columns[] = {
+      {"Frame1",
+       {"Csucsf", "Csucsf", "Csucsf"},
+       {&panel_.Csucsf[0], &panel_.Csucsf[1], &panel_.Csucsf[2]},
+       "88888.8 S/s"},
+      {"Frame2",
+       {"Nhatar", "Nhatar", "Nhatar"},
+       {&panel_.Nhatar[0], &panel_.Nhatar[1], &panel_.Nhatar[2]},
+       "88888.8 S/s"},
+      {"Frame3",
+       {"Xttarto", "Yttarto", "Zttarto"},
+       {&panel_.Xttarto, &panel_.Yttarto, &panel_.Zttarto},
+       "88888.8 Hz (88.8%)"},
   };
-  const std::array columns{
-      Column{"Frame1",
-             {"Csucsf", "Csucsf", "Csucsf"},
-             {&panel_.Csucsf[0], &panel_.Csucsf[1], &panel_.Csucsf[2]},
-             true},
-      Column{"Frame2",
-             {"Nhatar", "Nhatar", "Nhatar"},
-             {&panel_.Nhatar[0], &panel_.Nhatar[1], &panel_.Nhatar[2]},
-             true},
-      Column{"Frame3",
-             {"Xttarto", "Yttarto", "Zttarto"},
-             {&panel_.Xttarto, &panel_.Yttarto, &panel_.Zttarto},
-             false},
-  };
-  constexpr std::array widest{"88888.8 S/s", "88888.8 S/s", "88888.8 Hz (88.8%)"};
-  // A frame and its labels share the grid's cells, so that each axis reads as one line.
-  for (std::size_t n = 0; n < columns.size(); ++n) {
-    const Column& column = columns[n];
-    const int at = 6 + 2 * static_cast<int>(n);
-    auto* frame = new QGroupBox(caption(column.frame));
-    describe(frame, column.frame);
-    grid.setColumnMinimumWidth(at - 1, 6);
-    grid.setColumnStretch(at, 1);
-    grid.setColumnMinimumWidth(at,
-                               fontMetrics().horizontalAdvance(QString::fromLatin1(widest[n])) + 8);
-    grid.addWidget(frame, 0, at, 5, 1);
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-      const int index = static_cast<int>(axis);
-      QLabel* const label =
-          boundLabel(column.names[axis], *column.labels[axis], column.indexed ? index : -1);
-      grid.addWidget(label, index + 1, at, Qt::AlignCenter);
-      label->raise();
-    }
+  int at = 6;
+  for (const DerivedColumn& column : columns) {
+    addDerivedColumn(grid, column, at);
+    at += 2;
   }
   grid.setRowMinimumHeight(0, fontMetrics().height());
   grid.setRowMinimumHeight(4, 2);
+}
+
+void SetupTab::addDerivedColumn(QGridLayout& grid, const DerivedColumn& column, int at) {
+  constexpr int gap = 6;
+  constexpr int padding = 8;
+  // The frame and its labels share the grid's cells, so that each axis reads as one line.
+  auto* frame = new QGroupBox(caption(column.frame));
+  describe(frame, column.frame);
+  grid.addWidget(frame, 0, at, 5, 1);
+  grid.setColumnMinimumWidth(at - 1, gap);
+  grid.setColumnStretch(at, 1);
+  grid.setColumnMinimumWidth(
+      at, fontMetrics().horizontalAdvance(QString::fromLatin1(column.widest)) + padding);
+  const bool array = column.names[0] == column.names[1];
+  for (std::size_t axis = 0; axis < 3; ++axis) {
+    const int index = static_cast<int>(axis);
+    QLabel* const label = boundLabel(column.names[axis], *column.labels[axis], array ? index : -1);
+    grid.addWidget(label, index + 1, at, Qt::AlignCenter);
+    label->raise();
+  }
 }
 
 QWidget* SetupTab::tuningRow() {
@@ -201,42 +225,40 @@ QWidget* SetupTab::tuningFields() {
   auto* grid = new QGridLayout(widget);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setVerticalSpacing(4);
-
   auto* mode = new QComboBox;
   describe(mode, "Funkcio");
+  mode->setFocusPolicy(Qt::StrongFocus);
+  mode->installEventFilter(new WheelNeedsFocus(mode));
   bind(mode, panel_.Funkcio);
   grid->addWidget(wordedLabel("Label5"), 0, 0);
   grid->addWidget(mode, 0, 1, Qt::AlignLeft);
-
-  auto* path = flatRow();
-  path->setSpacing(2);
-  QLineEdit* const steps = numberBox("Ut", panel_.Ut, 6);
-  path->addWidget(steps);
-  path->addWidget(arrowsFor(steps, "Utfolle", panel_.Utfolle));
-  path->addSpacing(10);
-  path->addWidget(wordedLabel("Label8"));
-  path->addWidget(numberBox("Spm", panel_.Spm, 6));
-  path->addSpacing(10);
-  path->addWidget(wordedLabel("Label9"));
-  QLabel* const length = framedLabel("Uthossz", panel_.Uthossz);
-  length->setFixedSize(numberBoxWidth(*this, 5), steps->sizeHint().height());
-  path->addWidget(length);
-  path->addWidget(wordedLabel("Label10"));
-  path->addStretch();
   grid->addWidget(wordedLabel("Label7"), 1, 0);
-  grid->addLayout(path, 1, 1);
-
-  auto* tolerance = flatRow();
-  tolerance->setSpacing(2);
-  QLineEdit* const limit = numberBox("Tures", panel_.Tures, 6);
-  tolerance->addWidget(limit);
-  tolerance->addWidget(arrowsFor(limit, "Turesfolle", panel_.Turesfolle));
-  tolerance->addSpacing(10);
-  tolerance->addWidget(wordedLabel("Label12"));
-  tolerance->addStretch();
+  grid->addLayout(path(), 1, 1);
   grid->addWidget(wordedLabel("Label11"), 2, 0);
-  grid->addLayout(tolerance, 2, 1);
+  grid->addLayout(tolerance(), 2, 1);
   return widget;
+}
+
+QLayout* SetupTab::path() {
+  QHBoxLayout* const row = spinField("Ut", panel_.Ut, "Utfolle", panel_.Utfolle);
+  row->addWidget(wordedLabel("Label8"));
+  QLineEdit* const perStep = numberBox("Spm", panel_.Spm, spinFieldFigures);
+  row->addWidget(perStep);
+  row->addSpacing(spinFieldGap);
+  row->addWidget(wordedLabel("Label9"));
+  QLabel* const length = framedLabel("Uthossz", panel_.Uthossz);
+  length->setFixedSize(numberBoxWidth(*this, 5), perStep->sizeHint().height());
+  row->addWidget(length);
+  row->addWidget(wordedLabel("Label10"));
+  row->addStretch();
+  return row;
+}
+
+QLayout* SetupTab::tolerance() {
+  QHBoxLayout* const row = spinField("Tures", panel_.Tures, "Turesfolle", panel_.Turesfolle);
+  row->addWidget(wordedLabel("Label12"));
+  row->addStretch();
+  return row;
 }
 
 QWidget* SetupTab::wholeStepBoxes() {
@@ -273,6 +295,8 @@ QWidget* SetupTab::uploadRow() {
   row->addSpacing(10);
   row->addWidget(wordedLabel("Label22"));
   row->addWidget(bar, 1);
+  row->addWidget(boundLabel("Label15", panel_.Label15));
+  row->addWidget(boundLabel("Verz", panel_.Verz));
   return widget;
 }
 

@@ -4,15 +4,12 @@
 
 #include "timing/setup_panel.h"
 
-class QBoxLayout;
 class QGridLayout;
 
 namespace monitra::desktop {
 
 /// The tab "Motor Setup". The panel must live as long as the widget.
 class SetupTab : public QWidget {
-  Q_OBJECT
-
  public:
   explicit SetupTab(timing::SetupPanel& panel, QWidget* parent = nullptr);
 
@@ -21,9 +18,13 @@ class SetupTab : public QWidget {
   QWidget* diagramRow();
   QWidget* timingGrid();
   void addTimingField(QGridLayout& grid, int i);
+  struct DerivedColumn;
   void addDerived(QGridLayout& grid);
+  void addDerivedColumn(QGridLayout& grid, const DerivedColumn& column, int at);
   QWidget* tuningRow();
   QWidget* tuningFields();
+  QLayout* path();
+  QLayout* tolerance();
   QWidget* wholeStepBoxes();
   QWidget* uploadRow();
 

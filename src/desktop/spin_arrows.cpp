@@ -9,9 +9,20 @@
 
 namespace monitra::desktop {
 
+namespace {
+
+constexpr int margin = 1;
+
+QSize arrowSize(const QFontMetrics& font) {
+  const int height = qMax(13, font.height() * 3 / 4);
+  return {height * 5 / 4 + 2, height};
+}
+
+}  // namespace
+
 SpinArrows::SpinArrows(QWidget* parent) : QWidget(parent) {
   auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins(1, 1, 1, 1);
+  layout->setContentsMargins(margin, margin, margin, margin);
   layout->setSpacing(0);
   QToolButton* const up = addArrow(Qt::UpArrow);
   QToolButton* const down = addArrow(Qt::DownArrow);
@@ -23,6 +34,10 @@ SpinArrows::SpinArrows(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
+int SpinArrows::widthBeside(const QFontMetrics& font) {
+  return arrowSize(font).width() + 2 * margin;
+}
+
 QToolButton* SpinArrows::addArrow(Qt::ArrowType type) {
   constexpr int repeatAfter = 350;
   constexpr int repeatEvery = 60;
@@ -32,9 +47,8 @@ QToolButton* SpinArrows::addArrow(Qt::ArrowType type) {
   arrow->setAutoRepeatDelay(repeatAfter);
   arrow->setAutoRepeatInterval(repeatEvery);
   arrow->setFocusPolicy(Qt::NoFocus);
-  const int height = qMax(13, fontMetrics().height() * 3 / 4);
-  arrow->setFixedSize(height * 5 / 4 + 2, height);
-  arrow->setIconSize({height / 2, height / 2});
+  arrow->setFixedSize(arrowSize(fontMetrics()));
+  arrow->setIconSize({arrow->height() / 2, arrow->height() / 2});
   return arrow;
 }
 
@@ -44,7 +58,7 @@ void SpinArrows::serve(QWidget* widget) {
 
 bool SpinArrows::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress && pressByKey(*static_cast<QKeyEvent*>(event))) return true;
-  if (event->type() == QEvent::Wheel && isEnabled()) {
+  if (event->type() == QEvent::Wheel && static_cast<QWidget*>(watched)->hasFocus()) {
     pressByWheel(*static_cast<QWheelEvent*>(event));
     return true;
   }
@@ -68,14 +82,17 @@ bool SpinArrows::pressByKey(const QKeyEvent& event) {
 }
 
 void SpinArrows::wheelEvent(QWheelEvent* event) {
-  pressByWheel(*event);
+  if (hasFocus()) {
+    pressByWheel(*event);
+  } else {
+    event->ignore();
+  }
 }
 
-void SpinArrows::pressByWheel(QWheelEvent& event) {
+void SpinArrows::pressByWheel(const QWheelEvent& event) {
   constexpr int notch = QWheelEvent::DefaultDeltasPerStep;
   for (wheel_ += event.angleDelta().y(); wheel_ >= notch; wheel_ -= notch) emit upPressed();
   for (; wheel_ <= -notch; wheel_ += notch) emit downPressed();
-  event.accept();
 }
 
 void SpinArrows::paintEvent(QPaintEvent* /*event*/) {

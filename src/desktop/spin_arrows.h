@@ -6,16 +6,19 @@ class QToolButton;
 
 namespace monitra::desktop {
 
-/// Two small arrows, one above the other. A held arrow repeats; with the focus the up and down
-/// keys press them too, and the wheel does over them.
+/// Two small arrows, one above the other. A held arrow repeats. With the focus the up and down keys
+/// and the wheel press them too; without it the wheel must not change a value unnoticed.
 class SpinArrows : public QWidget {
   Q_OBJECT
 
  public:
   explicit SpinArrows(QWidget* parent = nullptr);
 
-  /// The up and down keys and the wheel press the arrows also in this widget.
+  /// The keys and the wheel press the arrows also while this widget has the focus.
   void serve(QWidget* widget);
+
+  /// Width of the arrows beside a widget with this font.
+  static int widthBeside(const QFontMetrics& font);
 
  signals:
   void upPressed();
@@ -32,7 +35,7 @@ class SpinArrows : public QWidget {
  private:
   QToolButton* addArrow(Qt::ArrowType type);
   bool pressByKey(const QKeyEvent& event);
-  void pressByWheel(QWheelEvent& event);
+  void pressByWheel(const QWheelEvent& event);
 
   int wheel_ = 0;  ///< turned since the last press, in eighths of a degree
 };

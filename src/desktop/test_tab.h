@@ -9,8 +9,6 @@ namespace monitra::desktop {
 
 /// The tab "Teszt". The panels must live as long as the widget.
 class TestTab : public QWidget {
-  Q_OBJECT
-
  public:
   TestTab(bench::JogPanel& jog, link::PortPanel& port, QWidget* parent = nullptr);
 

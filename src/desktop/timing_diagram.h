@@ -11,8 +11,6 @@ namespace monitra::desktop {
 /// The drawing of one period of the motor current, with the column heads of the grid below its
 /// segments. It scales with the width of the grid's columns.
 class TimingDiagram : public QWidget {
-  Q_OBJECT
-
  public:
   /// Finds the control behind a line of the drawing, or null for a line that always shows.
   using LineControl = std::function<controls::Line*(std::string_view name)>;

@@ -1,5 +1,6 @@
 #include "desktop/widgets.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -53,13 +54,17 @@ QLineEdit* numberBox(std::string_view name, controls::TextBox& control, int char
   return box;
 }
 
-SpinArrows* arrowsFor(QLineEdit* box, std::string_view name, controls::SpinButton& control,
-                      int index) {
+SpinArrows* boundArrows(std::string_view name, controls::SpinButton& control, int index) {
   auto* arrows = new SpinArrows;
   describe(arrows, name, index);
-  arrows->serve(box);
   bind(arrows, control);
   return arrows;
+}
+
+bool WheelNeedsFocus::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::Wheel || static_cast<QWidget*>(watched)->hasFocus()) return false;
+  event->ignore();
+  return true;
 }
 
 }  // namespace monitra::desktop

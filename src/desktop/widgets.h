@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QObject>
 #include <string_view>
 
 #include "controls/controls.h"
@@ -28,13 +29,21 @@ QLineEdit* numberBox(std::string_view name, controls::TextBox& control, int char
 /// The width of such a box beside this widget.
 int numberBoxWidth(const QWidget& widget, int characters);
 
-/// The arrows beside a box, which also answers their keys and the wheel.
-SpinArrows* arrowsFor(QLineEdit* box, std::string_view name, controls::SpinButton& control,
-                      int index = -1);
+SpinArrows* boundArrows(std::string_view name, controls::SpinButton& control, int index = -1);
 
 /// A row without margins.
 QHBoxLayout* flatRow(QWidget* parent = nullptr);
 
 void makeBold(QWidget* widget);
+
+/// An event filter that keeps the wheel from a widget without the focus, whose value it would
+/// change unnoticed.
+class WheelNeedsFocus : public QObject {
+ public:
+  using QObject::QObject;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+};
 
 }  // namespace monitra::desktop

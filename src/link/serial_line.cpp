@@ -14,7 +14,7 @@ constexpr std::uint8_t withoutBit(std::uint8_t value, std::uint8_t bit) {
 
 }  // namespace
 
-SerialLine::SerialLine(const Port& port, platform::PortRegisters& registers,
+SerialLine::SerialLine(const PortSelection& port, platform::PortRegisters& registers,
                        platform::Sleeper& sleeper)
     : port_(port), registers_(registers), sleeper_(sleeper) {}
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "link/port.h"
+#include "link/port_selection.h"
 #include "platform/port_registers.h"
 #include "platform/sleeper.h"
 
@@ -13,7 +13,8 @@ namespace monitra::link {
 /// leaves the other six pins as it finds them. All arguments must outlive it.
 class SerialLine {
  public:
-  SerialLine(const Port& port, platform::PortRegisters& registers, platform::Sleeper& sleeper);
+  SerialLine(const PortSelection& port, platform::PortRegisters& registers,
+             platform::Sleeper& sleeper);
 
   /// One bit: data with the clock low, high, low, each level held for at least 1 ms.
   void SorosBit(bool bit);
@@ -27,7 +28,7 @@ class SerialLine {
  private:
   void writeAndWait(std::int32_t address, std::uint8_t value);
 
-  const Port& port_;
+  const PortSelection& port_;
   platform::PortRegisters& registers_;
   platform::Sleeper& sleeper_;
 };

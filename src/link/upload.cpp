@@ -37,6 +37,7 @@ Upload::Upload(timing::SetupPanel& panel, SerialLine& line, platform::MessageBox
 
 void Upload::Letolt_Click() {
   using namespace platform;
+  begun.raise();
   panel_.Letolt.Enabled = false;
   panel_.Bar.Value = 0;
   const BoxAnswer ready = box_.MsgBox(
@@ -46,6 +47,7 @@ void Upload::Letolt_Click() {
       box_style::exclamation | box_style::yesNo);
   if (ready == BoxAnswer::Yes) {
     send(setupMessage(panel_.spinValues()));
+    sent.raise();
     box_.MsgBox(
         "A feltöltés kész!\r\n"
         "Ha nem indult újra a Vezérlő, ismételje meg újra az adatok feltöltését.",

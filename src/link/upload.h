@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 
+#include "controls/controls.h"
 #include "link/serial_line.h"
 #include "platform/message_box.h"
 #include "timing/setup_panel.h"
@@ -24,6 +25,9 @@ class Upload {
 
   /// Asks, and on Yes sends the whole message in one blocking run.
   void Letolt_Click();
+
+  controls::Event begun;  ///< the question is about to come up
+  controls::Event sent;   ///< the last byte is out, the final words have not come up yet
 
  private:
   void send(const SetupMessage& message);

@@ -6,6 +6,7 @@ namespace monitra::platform {
 enum class Failure : int {
   None = 0,
   NotANumber = 13,
+  LineTooLong = 14,
   FileNotFound = 53,
   DeviceIo = 57,
   DiskFull = 61,

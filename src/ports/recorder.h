@@ -32,7 +32,6 @@ class Recorder : public platform::PortRegisters, public platform::Sleeper {
   void Sleep(int milliseconds) override;
 
   const std::vector<PortEvent>& events() const { return events_; }
-  void clear() { events_.clear(); }
 
  private:
   void keep(PortEvent::Kind kind, std::int32_t address, int value);

@@ -39,8 +39,6 @@ class VirtualController {
   /// The data register's pins now have these levels.
   void pins(std::uint8_t levels);
 
-  const Wiring& wiring() const { return wiring_; }
-
   /// Called at the end of each message, and for each byte that begins none.
   std::function<void(const Received&)> received;
 

@@ -7,19 +7,26 @@ namespace monitra::shell {
 using platform::Failure;
 
 std::string openingText(const store::OpenResult& result) {
+  std::string text;
   if (result.failure == Failure::EndOfFile) {
-    return "A fájl hiányos: " + std::to_string(result.records) + " sor van benne a " +
-           std::to_string(store::pwmRecords) + " helyett. A többi mező nem változott.";
+    text = "A fájl hiányos: " + std::to_string(result.records) + " sor van benne a " +
+           std::to_string(store::pwmRecords) + " helyett. ";
   }
-  if (result.failure == Failure::None && result.adjusted > 0) {
-    return "A fájlban " + std::to_string(result.adjusted) +
-           " érték a tartományán kívül volt, a határértékre állt. Ellenőrizze!";
+  if (result.adjusted > 0) {
+    text += std::to_string(result.adjusted) +
+            " értéke a tartományán kívül esett, a legközelebbi határt kapta. ";
   }
-  return {};
+  if (!text.empty()) text += "Ellenőrizze a mezőket!";
+  return text;
 }
 
 std::string savingText(Failure failure, const std::string& path) {
   return failure == Failure::None ? "Mentve: " + path : std::string{};
+}
+
+std::string damagedPreferencesText() {
+  return "A tárolt beállítások sérültek, alapértékek vannak érvényben. Ellenőrizze a portot és a "
+         "panelt!";
 }
 
 }  // namespace monitra::shell

@@ -12,4 +12,7 @@ namespace monitra::shell {
 std::string openingText(const store::OpenResult& result);
 std::string savingText(platform::Failure failure, const std::string& path);
 
+/// To be shown at the start where the stored preferences could not be read.
+std::string damagedPreferencesText();
+
 }  // namespace monitra::shell

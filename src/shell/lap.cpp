@@ -18,7 +18,7 @@ Lap::Lap(Outside outside)
       timingFields_(kozos, setup),
       editions_(kozos, setup, timingFields_, outside_.box),
       tuningFields_(setup),
-      port_(port, outside_.settings, outside_.program),
+      port_(port, [this](link::Pcb pcb) { preferences_.saveBoard(pcb == link::Pcb::V4x); }),
       line_(port_, outside_.registers, outside_.sleeper),
       frames_(line_),
       upload_(setup, line_, outside_.box),
@@ -29,6 +29,7 @@ Lap::Lap(Outside outside)
   MFSetMent.Click.handle([this] { saveSetup(); });
   MFkilepes.Click.handle([this] { MFkilepes_Click(); });
   SSTab1.Tab.handle([this] { SSTab1_Click(); });
+  upload_.begun.handle([this] { Esemeny.Caption = ""; });
 }
 
 void Lap::Form_Load() {
@@ -75,14 +76,10 @@ void Lap::Form_Unload() {
                           box_style::question | box_style::yesNo) == BoxAnswer::Yes) {
     files_.MFSetMent_Click();
   }
-  switchOffAndEnd();
+  endWithoutQuestion();
 }
 
 void Lap::endWithoutQuestion() {
-  switchOffAndEnd();
-}
-
-void Lap::switchOffAndEnd() {
   if (std::exchange(ended_, true)) return;
   frames_.allMotorsOff();
   preferences_.save(port.LPT.ListIndex, jog.Seb.Text,

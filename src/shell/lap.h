@@ -6,8 +6,8 @@
 #include "bench/jog_panel.h"
 #include "controls/controls.h"
 #include "link/command_frames.h"
-#include "link/port.h"
 #include "link/port_panel.h"
+#include "link/port_selection.h"
 #include "link/serial_line.h"
 #include "link/upload.h"
 #include "platform/file_dialog.h"
@@ -55,18 +55,16 @@ class Lap {
   /// refused. A second call, from inside the first one's question, goes through and wins.
   void Form_Unload();
 
-  /// Shutdown without its question, for a signal or the end of the desktop session.
+  /// Shutdown without its question, for a signal or the end of the desktop session. Once only.
   void endWithoutQuestion();
 
   void MFkilepes_Click();
   void SSTab1_Click();
 
-  /// Applies a board revision without storing the choice.
-  void usePcb(link::Pcb pcb) { port_.PcbAlkalmaz(pcb); }
-  link::Pcb pcb() const { return port_.pcb(); }
-
-  /// The file operations, for a caller that needs to know how they ended.
+  /// For a caller that needs to know how an operation went.
+  link::Upload& upload() { return upload_; }
   store::SetupFiles& setupFiles() { return files_; }
+  link::Pcb pcb() const { return port_.pcb(); }
 
   timing::Kozos kozos;
   controls::Form form;
@@ -88,7 +86,6 @@ class Lap {
  private:
   void openSetup();
   void saveSetup();
-  void switchOffAndEnd();
   void loadInfo();
 
   Outside outside_;
@@ -96,7 +93,7 @@ class Lap {
   timing::TimingFields timingFields_;
   timing::Editions editions_;
   timing::TuningFields tuningFields_;
-  link::Port port_;
+  link::PortSelection port_;
   link::SerialLine line_;
   link::CommandFrames frames_;
   link::Upload upload_;

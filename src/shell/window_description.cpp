@@ -64,6 +64,8 @@ constexpr std::array words{
     ControlWords{"Xegesz", "", wholeStepTip},
     ControlWords{"Yegesz", "", wholeStepTip},
     ControlWords{"Zegesz", "", wholeStepTip},
+    ControlWords{"Label15", "", ""},
+    ControlWords{"Verz", "", "Betöltött Firmware verzió"},
     ControlWords{"Letolt", "Feltöltés (PC-Link)", "Setup adatok feltöltése a vezérlőbe!"},
     ControlWords{"Label22", "Adatátvitel állapota:", ""},
     ControlWords{"Bar", "", ""},

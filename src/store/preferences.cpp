@@ -21,6 +21,10 @@ bool Preferences::boardV4x() const {
   return get("PCB", "40") == "40";
 }
 
+void Preferences::saveBoard(bool v4x) {
+  set("PCB", v4x ? "40" : "32");
+}
+
 void Preferences::save(int lptIndex, const std::string& seb, const std::array<bool, 3>& inverted) {
   set("LPT", timing::numberText(lptIndex));
   set("Seb", seb);

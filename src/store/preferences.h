@@ -8,7 +8,7 @@
 namespace monitra::store {
 
 /// The workplace's settings, kept per user and per name of the executable. Every read goes to the
-/// store. The board choice is written by link::Port at the moment of the choice.
+/// store.
 class Preferences {
  public:
   /// The store must outlive the object.
@@ -24,6 +24,10 @@ class Preferences {
   /// Whether the board is V4.x; V3.2 otherwise.
   bool boardV4x() const;
 
+  /// At the moment of the choice.
+  void saveBoard(bool v4x);
+
+  /// At shutdown: all but the board.
   void save(int lptIndex, const std::string& seb, const std::array<bool, 3>& inverted);
 
  private:

@@ -13,6 +13,7 @@ Failure TextReader::readField(std::string& field) {
 }
 
 Failure TextReader::readUntil(std::string& text, bool commaEnds, bool skipBlanks) {
+  constexpr std::size_t longest = 65536;
   text.clear();
   Failure failure = fill();
   if (failure != Failure::None) return failure;
@@ -26,6 +27,7 @@ Failure TextReader::readUntil(std::string& text, bool commaEnds, bool skipBlanks
     }
     if (skipping && c == ' ') continue;
     skipping = false;
+    if (text.size() == longest) return Failure::LineTooLong;
     text += c;
   }
   return failure == Failure::EndOfFile ? Failure::None : failure;

@@ -8,7 +8,8 @@
 namespace monitra::store {
 
 /// A text file read line by line or field by field, as bytes. A line ends with CR LF, LF or CR,
-/// and the last one also with the file.
+/// and the last one also with the file. A text of more than 64 KiB is no line of a text file:
+/// Failure::LineTooLong.
 class TextReader {
  public:
   explicit TextReader(std::unique_ptr<platform::ByteReader> file) : file_(std::move(file)) {}

@@ -1,7 +1,7 @@
 #include "timing/setup_panel.h"
 
 #include <array>
-#include <cassert>
+#include <utility>
 
 #include "timing/numbers.h"
 

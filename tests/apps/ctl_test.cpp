@@ -22,6 +22,11 @@ void expect(const std::string& output, const std::string& part) {
   EXPECT_NE(output.find(part), std::string::npos) << output;
 }
 
+/// The JSON object behind whatever went to standard error.
+nlohmann::json object(const std::string& output) {
+  return nlohmann::json::parse(output.substr(output.find("{\n")));
+}
+
 struct Ctl : testing::Test {
   Ctl() { ::setenv("XDG_CONFIG_HOME", scratch.path("config").c_str(), 1); }
 
@@ -58,11 +63,11 @@ TEST_F(Ctl, ShowGivesTheWholeStateAsJson) {
     "Nhatar": ["124.192 S/s", "123.685 S/s", "123.183 S/s"],
     "Cim": "Gerjesztés: Natív PWM (30.30 kHz)", "lepes": " Tarso Firmware: fél lépés ",
     "Uthossz": "58.25", "boxes": []})json");
-  EXPECT_EQ(nlohmann::json::parse(run({"show", file, "--json"}, 0)), expected);
+  EXPECT_EQ(object(run({"show", file, "--json"}, 0)), expected);
 }
 
 TEST_F(Ctl, ShowTellsWhatWentWrongAndTheStateItLeft) {
-  auto state = nlohmann::json::parse(run({"show", scratch.path("nincs.pwm"), "--json"}, 1));
+  auto state = object(run({"show", scratch.path("nincs.pwm"), "--json"}, 1));
   EXPECT_EQ(state["boxes"][0]["text"], "'nincs.pwm' nem létezik!\r\nAdjon meg létező File nevet!");
   EXPECT_EQ(state["boxes"][0]["style"], 16);
   EXPECT_EQ(state["title"], "Vilor CNC Monitra V2.2.0");
@@ -75,7 +80,7 @@ TEST_F(Ctl, EveryShippedExampleOpensCleanly) {
   for (const auto& entry : std::filesystem::directory_iterator(examples)) {
     if (entry.path().extension() != ".pwm") continue;
     ++files;
-    const auto state = nlohmann::json::parse(run({"show", entry.path(), "--json"}, 0));
+    const auto state = object(run({"show", entry.path(), "--json"}, 0));
     EXPECT_EQ(state["boxes"].size(), 0U) << entry.path();
   }
   EXPECT_GE(files, 3);
@@ -99,6 +104,10 @@ TEST_F(Ctl, UsageErrorsAreTwoAndFileErrorsOne) {
   run({"upload", scratch.path("nincs.pwm"), "--port", "sim", "--yes"}, 1);
   run({"upload", scratch.write("rovid.pwm", "91\r\n"), "--port", "sim", "--yes"}, 1);
   run({"upload", file, "--port", "sim", "--yes", "--vcd", "/nincs/ilyen.vcd"}, 1);
+  run({"upload", file, "--port", "sim", "--yes", "--vcd", file}, 1);
+  EXPECT_EQ(scratch.read("a.pwm"), setupFile) << "not overwritten by its own record";
+  expect(run({"show", ""}, 1), "nem létezik!");
+  expect(run({"show", file, "--json=talán"}, 2), "Hibás parancssor");
   const std::string vilor = "V?.?.?\r\n 2\r\n";
   std::string old = setupFile;
   old.replace(old.find("V5.0.3\r\n 5\r\n"), 12, vilor);
@@ -122,8 +131,9 @@ TEST_F(Ctl, UploadAsksAndReportsWhatTheControllerReceived) {
   expect(sent, "480 írás");
   expect(sent, "(PCB V4.x) 20 bájtot kapott:\n" + listed(setupBytes));
   expect(sent, "Y tengely: T1=245, TF=92, T2=25, T3=35, fél lépés");
-  for (const char* answer : {"n\n", "nem\n", ""}) {
-    const std::string refused = run({"upload", file, "--port", "sim"}, 0, answer);
+  for (const std::string answer : {"n\n", "nem\n", ""}) {
+    const std::string refused =
+        run({"upload", file, "--port", "sim"}, answer.empty() ? 2 : 0, answer);
     expect(refused, "Nem ment ki semmi.");
     EXPECT_EQ(refused.find("bájtot kapott"), std::string::npos);
   }

@@ -6,26 +6,34 @@
 namespace monitra {
 namespace {
 
-TEST(Simulator, EverySignalRunsTheShutdownWithoutItsQuestion) {
-  const std::string status =
-      "Szimulált port: a jelek egy virtuális vezérlőhöz mennek, gép nem mozdul.\n";
+/// Starts a program without a display, signals it once its window shows, and gives what it printed
+/// and its preferences.
+std::string endedBy(const std::string& signal, const std::string& program) {
+  const support::Scratch scratch;
+  const support::Ran ran = support::shell(
+      "cd " + support::quoted(scratch.path()) +
+      "; export XDG_CONFIG_HOME=$PWD XDG_RUNTIME_DIR=$PWD QT_QPA_PLATFORM=offscreen\n" +
+      support::quoted(MONITRA_BIN "/" + program) + " >seen 2>errors & program=$!\n" +
+      "until grep -qs port seen || ! kill -0 $program; do sleep 0.05; done\n" + "kill -" + signal +
+      " $program; wait $program; code=$?; cat seen; exit $code");
+  EXPECT_EQ(ran.exitCode, 0);
+  return ran.output + scratch.read("monitra/" + program + ".json");
+}
+
+TEST(WindowProgram, EverySignalRunsTheShutdownWithoutItsQuestion) {
+  const std::string stored =
+      "{\n  \"Setup\": {\n    \"Inv0\": \"0\",\n    \"Inv1\": \"0\",\n    \"Inv2\": \"0\",\n"
+      "    \"LPT\": \" 0\",\n    \"Seb\": \"100\"\n  }\n}\n";
   for (const std::string signal : {"TERM", "INT", "HUP"}) {
-    const support::Scratch scratch;
-    const support::Ran ran = support::shell(
-        "cd " + support::quoted(scratch.path()) +
-        "; export XDG_CONFIG_HOME=$PWD XDG_RUNTIME_DIR=$PWD QT_QPA_PLATFORM=offscreen\n" +
-        support::quoted(MONITRA_BIN "/monitra-szimulator") + " >seen 2>errors & program=$!\n" +
-        "until grep -qs Szim seen || ! kill -0 $program; do sleep 0.05; done\n" + "kill -" +
-        signal + " $program; wait $program; code=$?; cat seen; exit $code");
-    EXPECT_EQ(ran.exitCode, 0);
-    EXPECT_EQ(ran.output, status +
-                              "&H378, PCB V4.x: 99 0 16\n&H378, PCB V4.x: 110 0 16\n"
-                              "&H378, PCB V4.x: 120 0 16\n");
-    EXPECT_EQ(
-        scratch.read("monitra/monitra-szimulator.json"),
-        "{\n  \"Setup\": {\n    \"Inv0\": \"0\",\n    \"Inv1\": \"0\",\n    \"Inv2\": \"0\",\n"
-        "    \"LPT\": \" 0\",\n    \"Seb\": \"100\"\n  }\n}\n");
+    EXPECT_EQ(endedBy(signal, "monitra-szimulator"),
+              "Szimulált port: a jelek egy virtuális vezérlőhöz mennek, a gép nem mozdul.\n"
+              "&H378 PCB V4.x: 99 0 16\n&H378 PCB V4.x: 110 0 16\n&H378 PCB V4.x: 120 0 16\n" +
+                  stored);
   }
+  EXPECT_EQ(endedBy("TERM", "Monitra Setup"),
+            "Nincs elérhető nyomtatóport, a program semmit sem küld ki; próbához a Monitra "
+            "Szimulátor való.\n" +
+                stored);
 }
 
 }  // namespace

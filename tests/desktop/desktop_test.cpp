@@ -18,6 +18,7 @@
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
+#include "desktop/end_watch.h"
 #include "desktop/main_window.h"
 #include "desktop/qt_file_dialog.h"
 #include "desktop/qt_message_box.h"
@@ -35,7 +36,8 @@ struct Desktop : testing::Test, support::Program {
     lap.Form_Load();
     window = std::make_unique<MainWindow>(lap);
     window->showCentred();
-    QApplication::processEvents();
+    window->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
     journal.clear();
   }
 
@@ -67,32 +69,48 @@ struct Desktop : testing::Test, support::Program {
   std::unique_ptr<MainWindow> window;
 };
 
-TEST_F(Desktop, ShowsTheStartedProgram) {
-  EXPECT_EQ(window->windowTitle().toStdString(), "Vilor CNC Monitra V2.2.0");
-  EXPECT_EQ(text("Cim"), "Gerjesztés: Natív PWM (30.30 kHz)");
-  EXPECT_EQ(text("Xttarto") + text("Csucsf(2)"), "631.313 Hz (50%)333.000 S/s");
+TEST_F(Desktop, ShowsOneWindowOfItsFixedSizeInTheMiddle) {
+  class ShownWindows : public QObject {
+   public:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+      if (event->type() == QEvent::Show && watched->isWidgetType() &&
+          static_cast<QWidget*>(watched)->isWindow()) {
+        ++count;
+      }
+      return false;
+    }
+    int count = 0;
+  } shown;
+  qApp->installEventFilter(&shown);
+  MainWindow another(lap);
+  another.showCentred();
+  qApp->removeEventFilter(&shown);
+  EXPECT_EQ(shown.count, 1);
+  EXPECT_EQ(another.minimumSize(), another.maximumSize());
+  const QPoint centre = another.frameGeometry().center();
+  EXPECT_LE((centre - another.screen()->availableGeometry().center()).manhattanLength(), 4);
   EXPECT_EQ(text("Label21"), "Tarso1 CNC Vezérlő Setup & Test");
   EXPECT_EQ(find<QLabel>("Cim")->toolTip().toStdString(),
             "Gerjesztési módja és PWM alap frekvenciája");
-  EXPECT_EQ(find<QTabWidget>("SSTab1")->count(), 4);
-  EXPECT_EQ(find<QPlainTextEdit>("InfoT")->toPlainText().toStdString(), "hiányzik");
-  EXPECT_EQ(window->minimumSize(), window->maximumSize());
-  const QPoint centre = window->frameGeometry().center();
-  EXPECT_LE((centre - window->screen()->availableGeometry().center()).manhattanLength(), 4);
+  lap.form.Caption = "a[*].pwm";
+  EXPECT_EQ(window->windowTitle(), "a[*][*].pwm") << "shown with one";
 }
 
 TEST_F(Desktop, ArrowsKeysAndWheelMoveATimingField) {
+  auto* const arrows = find<SpinArrows>("FolLe(6)");
+  turnWheel(arrows, 5);
+  EXPECT_EQ(boxText("T2(6)"), "24") << "the wheel needs the focus";
   pressArrow("FolLe(6)", Qt::UpArrow);
   EXPECT_EQ(boxText("T2(6)") + " " + text("Xttarto"), "25 618.429 Hz (48.9%)");
+  EXPECT_TRUE(arrows->hasFocus());
   pressArrow("FolLe(6)", Qt::DownArrow);
-  QTest::keyClick(find<SpinArrows>("FolLe(6)"), Qt::Key_Down);
+  QTest::keyClick(arrows, Qt::Key_Down);
   EXPECT_EQ(boxText("T2(6)"), "23");
-  turnWheel(find<SpinArrows>("FolLe(6)"), 2);
-  turnWheel(find<QLineEdit>("T2(6)"), -1);
+  turnWheel(arrows, 2);
+  turnWheel(arrows, -1);
   EXPECT_EQ(boxText("T2(6)"), "24");
-  QTest::keyClick(find<QLineEdit>("T2(6)"), Qt::Key_Up);
   QTest::keyClicks(find<QLineEdit>("T2(6)"), "99");
-  EXPECT_EQ(boxText("T2(6)"), "25") << "can't be typed into";
+  EXPECT_EQ(boxText("T2(6)"), "24") << "can't be typed into";
 }
 
 TEST_F(Desktop, TypedAndPastedTextIsClamped) {
@@ -102,7 +120,8 @@ TEST_F(Desktop, TypedAndPastedTextIsClamped) {
   EXPECT_EQ(text("Uthossz"), "18.75");
   replaceText("Ut", QStringLiteral("70000"));
   pressArrow("Utfolle", Qt::DownArrow);
-  EXPECT_EQ(boxText("Ut"), "65534");
+  QTest::keyClick(find<QLineEdit>("Ut"), Qt::Key_Down);
+  EXPECT_EQ(boxText("Ut"), "65533");
   replaceText("Tures", QStringLiteral("-5"));
   EXPECT_EQ(boxText("Tures"), "0");
 }
@@ -168,16 +187,19 @@ TEST_F(Desktop, ListsBoxesTabsAndMenusReachTheModel) {
 }
 
 TEST_F(Desktop, MenuOpensSavesAndEnds) {
-  lap.setup.FolLe[0].Value = 77;
   dialog.path = scratch.path("uj.pwm");
-  find<QAction>("MFSetMent")->trigger();
-  lap.setup.FolLe[0].Value = 5;
-  find<QAction>("MFSetNyit")->trigger();
-  EXPECT_EQ(boxText("TF(0)"), "77");
+  for (const char* entry : {"MFSetMent", "MFSetNyit", "MFkilepes"}) find<QAction>(entry)->trigger();
   EXPECT_EQ(window->windowTitle().toStdString(), "Vilor CNC Monitra V2.2.0  (uj.pwm)");
-  window->close();
   EXPECT_EQ(journal.back(), "end");
-  EXPECT_EQ(std::count(journal.begin(), journal.end(), "z1"), 216);
+}
+
+TEST_F(Desktop, TheEndOfTheSessionEndsWithoutAQuestion) {
+  lap.setup.FolLe[0].pressUp();
+  const EndWatch watch([this] { lap.endWithoutQuestion(); });
+  QEvent quit(QEvent::Quit);
+  QApplication::sendEvent(qApp, &quit);
+  EXPECT_EQ(journal.front(), "r378");
+  EXPECT_EQ(journal.back(), "end");
 }
 
 /// Does something to the dialog that comes up next.

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "shell/window_description.h"
 #include "support/program.h"
 
 namespace monitra::shell {
@@ -125,19 +124,23 @@ TEST_F(Shell, StatusLineTellsWhatNoBoxDoes) {
   dialog.path = scratch.write("rovid.pwm", "300\r\n0\r\n");
   lap.MFSetNyit.click();
   EXPECT_EQ(lap.Esemeny.Caption.get(),
-            "A fájl hiányos: 2 sor van benne a 22 helyett. A többi mező nem változott.");
+            "A fájl hiányos: 2 sor van benne a 22 helyett. 2 értéke a tartományán kívül esett, a "
+            "legközelebbi határt kapta. Ellenőrizze a mezőket!");
   dialog.path = scratch.path("uj.pwm");
   lap.MFSetMent.click();
   EXPECT_EQ(lap.Esemeny.Caption.get(), "Mentve: " + scratch.path("uj.pwm"));
   lap.MFSetNyit.click();
   EXPECT_EQ(lap.Esemeny.Caption.get(), "");
+  lap.Esemeny.Caption = "régi";
+  lap.setup.Letolt.click();
+  EXPECT_EQ(lap.Esemeny.Caption.get(), "") << "an upload begins with a clean line";
 }
 
-TEST(WindowDescription, EachHeadHasItsWords) {
-  EXPECT_EQ(diagramLines().size(), 19U);
-  for (const auto& head : diagramHeads()) {
-    EXPECT_EQ(controlWords(head.name).tooltip, "PWM alapidők 0.1mS (10kHz)");
-  }
+TEST_F(Shell, TheChosenBoardIsStoredAtOnce) {
+  lap.Form_Load();
+  journal.clear();
+  for (auto* entry : {&lap.port.Mpcb32, &lap.port.Mpcb40}) entry->click();
+  EXPECT_EQ(journal, (Journal{"set Monitra Setup/Setup.PCB=32", "set Monitra Setup/Setup.PCB=40"}));
 }
 
 }  // namespace

@@ -101,16 +101,16 @@ TEST(TextReader, SplitsLinesAndFieldsAtAnyLineEnd) {
        {Row{"", "", ""}, Row{"a\r\nb\r\n", "[a][b]", "[a][b]"}, Row{"a\nb", "[a][b]", "[a][b]"},
         Row{"a\rb\r", "[a][b]", "[a][b]"}, Row{"a\r\n\r\n", "[a][]", "[a][]"},
         Row{"  a b ,c\r\n  ", "[  a b ,c][  ]", "[a b ][c][]"},
-        Row{"a,\r\nb", "[a,][b]", "[a][][b]"}, Row{"\"a,b\"", "[\"a,b\"]", "[\"a][b\"]"}}) {
+        Row{"a,\r\n\tb", "[a,][\tb]", "[a][][\tb]"}, Row{"\"a,b\"", "[\"a,b\"]", "[\"a][b\"]"}}) {
     EXPECT_EQ(all(bytes, &TextReader::readLine), lines);
     EXPECT_EQ(all(bytes, &TextReader::readField), fields);
   }
 }
 
 TEST_F(Store, StartUpSetupIsSavedToTheByte) {
+  dialog.whileOpen = [this] { EXPECT_EQ(kozos.Modositott, 0) << "cleared ahead of all"; };
   EXPECT_EQ(save(), startUpFile);
   EXPECT_EQ(journal, (Journal{saveDialog}));
-  EXPECT_EQ(kozos.Modositott, 0);
   EXPECT_EQ(form.Caption.get() + kozos.FirmwareNev, "régi címfw.hex");
 }
 
@@ -176,14 +176,16 @@ TEST_F(Store, WhateverAFileBringsEveryFieldKeepsItsRange) {
         {" 9|-|5|1", "-9|-|0|1", " 2|-|2|0", "x|-|0|0"});
 }
 
-TEST_F(Store, ACommaSplitsALineAndTheRestSlides) {
-  open(replaced(startUpFile, "1000", "10,7"));
-  EXPECT_EQ(panel.Ut.Text.get() + "|" + panel.Tures.Text.get() + "|" + panel.Verz.Caption.get(),
-            "10|7|1");
-  EXPECT_EQ(kozos.VerFo + kozos.VerAl + kozos.VerRev, "050") << "the caption's text is no number";
+TEST_F(Store, OddLinesAreReadByTheLetter) {
   open("91,5\r\n" + startUpFile.substr(4));
   EXPECT_EQ(panel.TF[0].Text.get(), "91,5") << "the first two lines are read whole";
-  EXPECT_EQ(panel.FolLe[0].Value, 91);
+  open(replaced(startUpFile, "1000", "10,7"));
+  EXPECT_EQ(panel.Verz.Caption.get() + "|" + kozos.VerFo, "1|0") << "the rest slides";
+  open(replaced(startUpFile, "F\r\nF\r\nF", "E\r\ne\r\nE "));
+  EXPECT_TRUE(panel.Xegesz.Checked && !panel.Yegesz.Checked && !panel.Zegesz.Checked);
+  const OpenResult endless = open("91\r\n" + std::string(70000, '9'));
+  EXPECT_EQ(endless.failure, Failure::LineTooLong);
+  EXPECT_EQ(journal.back(), general + " 14");
 }
 
 TEST_F(Store, AShortFileAppliesWhatItHasAndSaysNothing) {
@@ -230,24 +232,13 @@ TEST_F(Store, WhatCannotBeOpenedChangesNothingAheadOfItsMessage) {
   EXPECT_EQ(kozos.FirmwareNev, "");
 }
 
-TEST_F(Store, FunkcioFiveIsJudgedByTheEditionInForceAndThenByTheFile) {
-  const std::string five = replaced(startUpFile, " 0\r\n1000", " 5\r\n1000");
-  open(five);
-  EXPECT_EQ(panel.Funkcio.ListIndex, 5);
-  EXPECT_EQ(journal, (Journal{openDialog}));
-  open(replaced(five, "\r\n 5\r\n 0", "\r\n 1\r\n 0"));
+TEST_F(Store, FunkcioFiveIsJudgedByTheEditionInForceWhenItsLineComes) {
+  panel.MBKVilor.click();
+  open(replaced(startUpFile, " 0\r\n1000", " 5\r\n1000"));
   EXPECT_EQ(panel.Funkcio.ListIndex, 0);
-  ASSERT_EQ(journal.size(), 3U);
-  EXPECT_TRUE(journal[2].starts_with("box 48: Tíltott funkció (")) << journal[2];
-  journal.clear();
-  open(five);
-  EXPECT_EQ(panel.Funkcio.ListIndex, 0) << "the first edition was in force when line 13 came";
   ASSERT_EQ(journal.size(), 2U);
   EXPECT_TRUE(journal[1].starts_with("box 48: Ez a funkció (")) << journal[1];
   EXPECT_TRUE(panel.MBKTarso.Checked);
-  open(replaced(startUpFile, "\r\n 5\r\n", "\r\nx\r\n"));
-  EXPECT_EQ(kozos.VerFo, "0");
-  EXPECT_TRUE(panel.MBKVilor.Checked);
 }
 
 TEST_F(Store, OverwritesOnlyAfterYes) {
@@ -256,7 +247,6 @@ TEST_F(Store, OverwritesOnlyAfterYes) {
   const std::string question = "box 52: 'volt.pwm' már létezik!\r\nFelülírjam?";
   EXPECT_EQ(files.MFSetMent_Click(), Failure::Cancel);
   EXPECT_EQ(scratch.read("volt.pwm"), "régi, hosszabb tartalom" + startUpFile);
-  EXPECT_EQ(kozos.Modositott, 0) << "cleared ahead of everything";
   EXPECT_EQ(files.MFSetMent_Click(), Failure::None);
   EXPECT_EQ(scratch.read("volt.pwm"), startUpFile);
   EXPECT_EQ(journal, (Journal{saveDialog, question, saveDialog, question}));
@@ -271,7 +261,6 @@ TEST_F(Store, AFailedSaveKeepsTheLinesWrittenSoFarAndSaysWhy) {
     EXPECT_EQ(files.MFSetMent_Click(), failure);
     boxes.insert(boxes.begin(), saveDialog);
     EXPECT_EQ(journal, boxes);
-    EXPECT_EQ(kozos.Modositott, 0);
   };
   expectFailure({}, Failure::Cancel, {});
   expectFailure(scratch.path("nincs mappa/a.pwm"), Failure::PathNotFound, {general + " 76"});
@@ -289,14 +278,10 @@ TEST_F(Store, AFailedSaveKeepsTheLinesWrittenSoFarAndSaysWhy) {
   EXPECT_EQ(scratch.read("betu.pwm"), startUpFile.substr(0, startUpFile.find(" 5\r\n 0")));
 }
 
-TEST(Preferences, ReadWithTheirDefaultsAndWrittenInOrder) {
+TEST(Preferences, OddStoredTextsKeepTheirMeaning) {
   Journal journal;
   support::JournalSettings settings(journal);
-  Preferences preferences(settings, "Monitra Setup");
-  EXPECT_EQ(preferences.lptIndex(), 0);
-  EXPECT_EQ(preferences.seb(), "100");
-  EXPECT_FALSE(preferences.inverted(1));
-  EXPECT_TRUE(preferences.boardV4x());
+  const Preferences preferences(settings, "Monitra Setup");
   for (const auto& [stored, index] : {std::pair(" 1", 1), std::pair("1", 1), std::pair("1.5", 2),
                                       std::pair(" 3", 0), std::pair("-1", 0), std::pair("x", 0)}) {
     settings.values["LPT"] = stored;
@@ -310,11 +295,6 @@ TEST(Preferences, ReadWithTheirDefaultsAndWrittenInOrder) {
     settings.values["PCB"] = stored;
     EXPECT_FALSE(preferences.boardV4x()) << stored;
   }
-  journal.clear();
-  preferences.save(2, "abc", {false, true, false});
-  EXPECT_EQ(journal, (Journal{"set Monitra Setup/Setup.LPT= 2", "set Monitra Setup/Setup.Seb=abc",
-                              "set Monitra Setup/Setup.Inv0=0", "set Monitra Setup/Setup.Inv1=1",
-                              "set Monitra Setup/Setup.Inv2=0"}));
 }
 
 }  // namespace

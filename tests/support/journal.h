@@ -81,10 +81,12 @@ class JournalDialog : public platform::FileDialog {
   platform::Failure ShowSave() override { return show("save"); }
 
   std::optional<std::string> path;
+  std::function<void()> whileOpen;
 
  private:
   platform::Failure show(const std::string& kind) {
     journal_.push_back(kind + " " + Filter + " " + FileName);
+    if (whileOpen) whileOpen();
     if (!path) return platform::Failure::Cancel;
     choose(*path);
     return platform::Failure::None;

@@ -26,13 +26,6 @@ TEST(Ertek, ReadsTheNumberAtTheHeadOfAText) {
   EXPECT_FALSE(std::signbit(Ertek("-0")));
 }
 
-TEST(IsNumber, WantsTheWholeText) {
-  for (const auto* text : {"5", " 5", "5 ", "-1", "5.0"}) EXPECT_TRUE(isNumber(text)) << text;
-  for (const auto* text : {"", " ", "x", "5x", "1 2", "-", "1,5"}) {
-    EXPECT_FALSE(isNumber(text)) << text;
-  }
-}
-
 TEST(DecimalText, HasFifteenDigitsNoExponentAndNoZeroAheadOfThePoint) {
   EXPECT_EQ(decimalText(0), "0");
   EXPECT_EQ(decimalText(50), "50");

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "apps/ctl/commands.h"
+#include "host/executable.h"
 
 namespace {
 
@@ -37,8 +38,11 @@ std::string usageText(const CLI::App* app, const CLI::Error& error) {
     case CLI::ExitCodes::ArgumentMismatch:
       text += "egy kapcsoló értéke hiányzik, vagy túl sok van belőle";
       break;
-    default:
+    case CLI::ExitCodes::ValidationError:
       text += what;
+      break;
+    default:
+      text += "egy kapcsoló értéke nem megfelelő";
   }
   return text + "\nSegítség: " + app->get_name() + " --help\n";
 }
@@ -63,60 +67,66 @@ CLI::App* addCommand(CLI::App& app, const std::string& name, const std::string& 
   return command;
 }
 
+void addShow(CLI::App& app, ShowOptions& options) {
+  CLI::App* const command = addCommand(app, "show", "Megnyit egy Setup fájlt, és kiírja.");
+  command->add_option("FILE.pwm", options.file, "A Setup fájl")
+      ->required()
+      ->option_text("(kötelező)");
+  command->add_flag("--json", options.json, "Kiírás egyetlen JSON objektumként");
+}
+
+void addUpload(CLI::App& app, UploadOptions& options) {
+  CLI::App* const command =
+      addCommand(app, "upload", "Megnyit egy Setup fájlt, és feltölti a vezérlőbe.");
+  command->add_option("FILE.pwm", options.file, "A Setup fájl")
+      ->required()
+      ->option_text("(kötelező)");
+  command->add_option("--port", options.port, "Mire menjen ki (sim: szimulált port)")
+      ->required()
+      ->option_text("sim (kötelező)")
+      ->check(oneOf({"sim"}));
+  command->add_option("--lpt", options.lpt, "Port címe; enélkül a programban beállított")
+      ->option_text("378|278|3BC")
+      ->check(oneOf({"378", "278", "3BC"}));
+  command->add_option("--pcb", options.pcb, "Panel verziója; enélkül a programban beállított")
+      ->option_text("32|40")
+      ->check(oneOf({"32", "40"}));
+  command->add_option("--vcd", options.vcd, "A port minden írása ebbe a fájlba (Value Change Dump)")
+      ->option_text("OUT.vcd");
+  command->add_flag("--yes", options.yes, "Kérdés nélkül");
+}
+
 int run(int argc, char** argv) {
   CLI::App app("Monitra parancssorból: Setup fájl megnézése és feltöltése.", "monitra-ctl");
   makeHungarian(app);
   app.failure_message(usageText);
   app.footer("Kilépési kód: 0 kész, 1 fájlhiba, 2 hibás parancssor, 3 porthiba.");
   app.require_subcommand(1);
-
   ShowOptions showOptions;
-  CLI::App* const showCommand = addCommand(app, "show", "Megnyit egy Setup fájlt, és kiírja.");
-  showCommand->add_option("FILE.pwm", showOptions.file, "A Setup fájl")
-      ->required()
-      ->option_text("(kötelező)");
-  showCommand->add_flag("--json", showOptions.json, "Kiírás egyetlen JSON objektumként");
-
   UploadOptions uploadOptions;
-  std::string port;
-  CLI::App* const uploadCommand =
-      addCommand(app, "upload", "Megnyit egy Setup fájlt, és feltölti a vezérlőbe.");
-  uploadCommand->add_option("FILE.pwm", uploadOptions.file, "A Setup fájl")
-      ->required()
-      ->option_text("(kötelező)");
-  uploadCommand->add_option("--port", port, "Mire menjen ki (sim: szimulált port)")
-      ->required()
-      ->option_text("sim (kötelező)")
-      ->check(oneOf({"sim"}));
-  uploadCommand
-      ->add_option("--lpt", uploadOptions.lpt, "Port címe; enélkül a programban beállított")
-      ->option_text("378|278|3BC")
-      ->check(oneOf({"378", "278", "3BC"}));
-  uploadCommand
-      ->add_option("--pcb", uploadOptions.pcb, "Panel verziója; enélkül a programban beállított")
-      ->option_text("32|40")
-      ->check(oneOf({"32", "40"}));
-  uploadCommand
-      ->add_option("--vcd", uploadOptions.vcd,
-                   "A port minden írása ebbe a fájlba (Value Change Dump)")
-      ->option_text("OUT.vcd");
-  uploadCommand->add_flag("--yes", uploadOptions.yes, "Kérdés nélkül");
-
+  addShow(app, showOptions);
+  addUpload(app, uploadOptions);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? done : usageError;
   }
-  return showCommand->parsed() ? show(showOptions) : upload(uploadOptions);
+  return app.got_subcommand("show") ? show(showOptions) : upload(uploadOptions);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+  monitra::host::surviveWriteSignals();
+  int exitCode = fileError;
   try {
-    return run(argc, argv);
+    exitCode = run(argc, argv);
   } catch (const std::exception& error) {
     std::cerr << "Váratlan hiba: " << error.what() << '\n';
+  }
+  if (!std::cout.flush() && exitCode == done) {
+    std::cerr << "A kimenetet nem lehetett kiírni.\n";
     return fileError;
   }
+  return exitCode;
 }

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <system_error>
 
 #include "host/executable.h"
 #include "shell/event_texts.h"
@@ -24,13 +25,14 @@ platform::ProgramIdentity accompaniedProgram() {
 }  // namespace
 
 BoxAnswer CtlBoxes::MsgBox(const std::string& text, int style) {
-  const BoxAnswer answer = answer_(text, style);
-  shown.push_back({text, style, answer});
-  return answer;
+  shown.push_back({text, style});
+  return answer_(text, style);
 }
 
 GivenFile::GivenFile(const std::string& path) {
-  std::filesystem::path full = std::filesystem::absolute(path);
+  std::error_code error;
+  std::filesystem::path full = std::filesystem::absolute(path, error);
+  if (error) full = path;
   if (!full.has_filename()) full = full.parent_path();
   path_ = full;
 }
@@ -59,6 +61,10 @@ std::string OptionSettings::GetSetting(const std::string& application, const std
 void OptionSettings::SaveSetting(const std::string& /*application*/, const std::string& /*section*/,
                                  const std::string& /*key*/, const std::string& /*value*/) {}
 
+bool OptionSettings::isDamaged(const std::string& application) const {
+  return preferences_.isDamaged(application);
+}
+
 Session::Session(const Options& options, platform::PortRegisters& registers,
                  platform::Sleeper& sleeper, CtlBoxes::Answer answer)
     : program_(accompaniedProgram()),
@@ -68,6 +74,7 @@ Session::Session(const Options& options, platform::PortRegisters& registers,
       lap({registers, sleeper, boxes, dialog_, files_, codePage_, settings_, program_,
            [] { std::_Exit(done); }}) {
   lap.Form_Load();
+  if (settings_.isDamaged(program_.EXEName)) std::cerr << shell::damagedPreferencesText() << '\n';
 }
 
 ExitCode Session::open() {

@@ -14,11 +14,10 @@
 
 namespace monitra::ctl {
 
-/// A message box that came up, and the answer that it got.
+/// A message box that came up.
 struct ShownBox {
   std::string text;
   int style;
-  platform::BoxAnswer answer;
 };
 
 /// Boxes go to a function that answers them; all are kept.
@@ -56,13 +55,16 @@ class OptionSettings : public platform::SettingsStore {
   void SaveSetting(const std::string& application, const std::string& section,
                    const std::string& key, const std::string& value) override;
 
+  bool isDamaged(const std::string& application) const;
+
  private:
   settings::JsonSettings preferences_;
   std::string lptIndex_;
   std::string pcb_;
 };
 
-/// The program's own model, started, with a file chosen in its dialog.
+/// The program's own model, started, with a file chosen in its dialog. Preferences that can't be
+/// read are told on standard error.
 /// The port and the sleeper must outlive it.
 class Session {
  public:

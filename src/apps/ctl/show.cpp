@@ -98,6 +98,7 @@ ExitCode show(const ShowOptions& options) {
   const ExitCode code = session.open();
   const Json result = state(session);
   if (options.json) {
+    for (const ShownBox& box : session.boxes.shown) std::cerr << boxLines(box.text) << '\n';
     std::cout << result.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
   } else {
     print(result);

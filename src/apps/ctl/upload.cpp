@@ -1,8 +1,9 @@
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <iomanip>
 #include <iostream>
-#include <optional>
+#include <system_error>
 
 #include "apps/ctl/commands.h"
 #include "apps/ctl/session.h"
@@ -19,30 +20,41 @@ namespace {
 using platform::BoxAnswer;
 namespace box_style = platform::box_style;
 
-/// Prints the box, a bad message to standard error, and takes the answer to a question from
-/// standard input; its end counts as No.
-BoxAnswer ask(const std::string& text, int style, bool yes) {
-  if (!box_style::asksYesNo(style)) {
-    (box_style::icon(style) == box_style::information ? std::cout << '\n' : std::cerr)
-        << boxLines(text) << '\n';
+/// The terminal in the place of message boxes.
+class Terminal {
+ public:
+  explicit Terminal(bool yes) : yes_(yes) {}
+
+  /// Prints the box, a bad message to standard error, and takes the answer to a question from
+  /// standard input; its end counts as No.
+  BoxAnswer show(const std::string& text, int style) {
+    if (box_style::asksYesNo(style)) return ask(text);
+    const bool good = box_style::icon(style) == box_style::information;
+    (good ? std::cout << '\n' : std::cerr) << boxLines(text) << '\n';
     return BoxAnswer::Ok;
   }
-  std::cout << '\n' << boxLines(text);
-  std::cout << " [I/n] " << std::flush;
-  if (yes) {
-    std::cout << "igen (--yes)\n";
-    return BoxAnswer::Yes;
+
+  bool unanswered() const { return unanswered_; }
+
+ private:
+  BoxAnswer ask(const std::string& text) {
+    std::cout << '\n' << boxLines(text) << " [I/n] " << std::flush;
+    std::string answer = "igen (--yes)";
+    if (yes_) {
+      std::cout << answer << '\n';
+    } else if (!std::getline(std::cin, answer)) {
+      std::cout << '\n';
+      unanswered_ = true;
+      return BoxAnswer::No;
+    }
+    constexpr std::string_view yesLetters = "iIyY";
+    const bool agreed = answer.empty() || yesLetters.find(answer.front()) != std::string_view::npos;
+    return agreed ? BoxAnswer::Yes : BoxAnswer::No;
   }
-  std::string answer;
-  if (!std::getline(std::cin, answer)) {
-    std::cout << "nincs válasz\n";
-    return BoxAnswer::No;
-  }
-  constexpr std::string_view yesLetters = "iIyY";
-  return answer.empty() || yesLetters.find(answer.front()) != std::string_view::npos
-             ? BoxAnswer::Yes
-             : BoxAnswer::No;
-}
+
+  bool yes_;
+  bool unanswered_ = false;
+};
 
 std::string lptIndex(const std::string& digits) {
   if (digits.empty()) return {};
@@ -86,14 +98,30 @@ void printReceived(const ports::Wiring& wiring, const ports::Received& message) 
   for (const std::string& line : ports::describe(message)) std::cout << line << '\n';
 }
 
-bool writeVcd(std::ofstream& file, const shell::Lap& lap,
+/// Opens the file for the record; tells why that can't be.
+bool openVcd(std::ofstream& file, const UploadOptions& options) {
+  if (options.vcd.empty()) return true;
+  std::error_code error;
+  if (std::filesystem::equivalent(options.vcd, options.file, error)) {
+    std::cerr << "A --vcd fájlja maga a Setup fájl. Adjon meg másikat!\n";
+    return false;
+  }
+  file.open(options.vcd, std::ios::trunc);
+  if (!file) std::cerr << "A(z) '" << options.vcd << "' fájl nem írható. Adjon meg más helyet!\n";
+  return file.good();
+}
+
+/// Writes the record where it was asked for; tells if it is not complete.
+bool writeVcd(std::ofstream& file, const UploadOptions& options, const shell::Lap& lap,
               const std::vector<ports::PortEvent>& events) {
+  if (options.vcd.empty()) return true;
   const link::PinMap& pins = link::pinMap(lap.pcb());
   const std::int32_t address = link::portAddress(lap.port.LPT.text());
   file << ports::vcd({address, link::controlAddress(address), link::dataPinNames(pins),
                       link::controlPinNames(pins)},
                      events);
   file.close();
+  if (!file) std::cerr << "A(z) '" << options.vcd << "' fájl írása félbemaradt.\n";
   return file.good();
 }
 
@@ -103,43 +131,36 @@ ExitCode upload(const UploadOptions& options) {
   ports::SimulatedPort port;
   host::Pacer pacer;
   ports::Recorder recorder(port, pacer, ports::monotonicTime);
+  Terminal terminal(options.yes);
   Session session(
       {options.file, lptIndex(options.lpt), options.pcb}, recorder, recorder,
-      [&options](const std::string& text, int style) { return ask(text, style, options.yes); });
+      [&terminal](const std::string& text, int style) { return terminal.show(text, style); });
   if (const ExitCode opened = session.open(); opened != done) return opened;
   if (!session.lap.setup.Letolt.Enabled) {
     std::cerr << "Ez a Setup az első kiadásé (Vilor), PC-Linken nem tölthető fel.\n";
     return fileError;
   }
   std::ofstream vcdFile;
-  if (!options.vcd.empty()) {
-    vcdFile.open(options.vcd, std::ios::trunc);
-    if (!vcdFile) {
-      std::cerr << "A(z) '" << options.vcd << "' fájl nem írható. Adjon meg más helyet!\n";
-      return fileError;
-    }
-  }
+  if (!openVcd(vcdFile, options)) return fileError;
 
   printPort(session.lap);
-  std::optional<ports::Received> received;
-  std::optional<ports::Wiring> receiver;
-  port.received = [&](std::int32_t, const ports::Wiring& wiring, const ports::Received& message) {
-    received = message;
-    receiver = wiring;
-  };
   const std::size_t before = recorder.events().size();
+  bool sent = false;
+  session.lap.upload().sent.handle([&sent] { sent = true; });
+  port.received = [](std::int32_t, const ports::Wiring& wiring, const ports::Received& message) {
+    printReceived(wiring, message);
+  };
   session.lap.setup.Letolt.click();
-  const std::vector<ports::PortEvent> sent(
-      recorder.events().begin() + static_cast<std::ptrdiff_t>(before), recorder.events().end());
-  if (sent.empty()) std::cout << "Nem ment ki semmi.\n";
-  printTiming(sent);
-  if (received) printReceived(*receiver, *received);
-
-  if (!options.vcd.empty() && !writeVcd(vcdFile, session.lap, recorder.events())) {
-    std::cerr << "A(z) '" << options.vcd << "' fájl írása félbemaradt.\n";
-    return fileError;
+  if (sent) {
+    printTiming(
+        {recorder.events().begin() + static_cast<std::ptrdiff_t>(before), recorder.events().end()});
+  } else {
+    std::cout << "Nem ment ki semmi.\n";
   }
-  return done;
+  if (!writeVcd(vcdFile, options, session.lap, recorder.events())) return fileError;
+  if (!terminal.unanswered()) return done;
+  std::cerr << "Nem jött válasz. Kérdés nélkül a --yes kapcsolóval megy.\n";
+  return usageError;
 }
 
 }  // namespace monitra::ctl

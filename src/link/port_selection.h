@@ -1,13 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
 #include "link/pin_map.h"
 #include "link/port_panel.h"
-#include "platform/program_identity.h"
-#include "platform/settings_store.h"
 
 namespace monitra::link {
 
@@ -20,12 +19,12 @@ std::int32_t controlAddress(std::int32_t dataAddress);
 /// Caption of the box for bit i, 0 to 7, of the data register.
 std::string bitCaption(const PinMap& pins, int i);
 
-/// Which port and which board revision are in use. Nothing here writes to a port.
-/// Binds its handlers to the panel; all arguments must outlive it.
-class Port {
+/// Which port and which board revision are selected. Nothing here writes to a port.
+/// Binds its handlers to the panel, which must outlive it.
+class PortSelection {
  public:
-  Port(PortPanel& panel, platform::SettingsStore& settings,
-       const platform::ProgramIdentity& program);
+  /// The function stores the user's choice of a board.
+  PortSelection(PortPanel& panel, std::function<void(Pcb)> storeChoice);
 
   void PortCimFrissit();
   void PortCimKiir();
@@ -56,8 +55,7 @@ class Port {
   void choosePcb(Pcb pcb);
 
   PortPanel& panel_;
-  platform::SettingsStore& settings_;
-  const platform::ProgramIdentity& program_;
+  std::function<void(Pcb)> storeChoice_;
   Pcb pcb_ = Pcb::V4x;
 };
 

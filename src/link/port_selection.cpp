@@ -1,6 +1,7 @@
-#include "link/port.h"
+#include "link/port_selection.h"
 
 #include <charconv>
+#include <utility>
 
 #include "timing/numbers.h"
 
@@ -50,57 +51,56 @@ std::string bitCaption(const PinMap& pins, int i) {
   return caption;
 }
 
-Port::Port(PortPanel& panel, platform::SettingsStore& settings,
-           const platform::ProgramIdentity& program)
-    : panel_(panel), settings_(settings), program_(program) {
+PortSelection::PortSelection(PortPanel& panel, std::function<void(Pcb)> storeChoice)
+    : panel_(panel), storeChoice_(std::move(storeChoice)) {
   panel_.Mpcb32.Click.handle([this] { Mpcb32_Click(); });
   panel_.Mpcb40.Click.handle([this] { Mpcb40_Click(); });
 }
 
-void Port::PortCimFrissit() {
+void PortSelection::PortCimFrissit() {
   AdatPort = selectedAddress();
   if (const std::int32_t control = controlAddress(AdatPort); control != 0) VezerloPort = control;
 }
 
-void Port::PortCimKiir() {
+void PortSelection::PortCimKiir() {
   panel_.Cim1.Caption = hexCaption(AdatPort);
   panel_.Cim2.Caption = hexCaption(VezerloPort);
 }
 
-void Port::BitFeliratok() {
+void PortSelection::BitFeliratok() {
   for (int i = 0; i < 8; ++i) panel_.Bitcim[i].Caption = bitCaption(pins(), i);
   panel_.Bitcim[8].Caption = timing::numberText(pins().SpindleBit) + ". Bit  Spindle";
 }
 
-void Port::PcbAlkalmaz(Pcb pcb) {
+void PortSelection::PcbAlkalmaz(Pcb pcb) {
   selectPcb(pcb);
   BitFeliratok();
   showPcb();
 }
 
-void Port::Mpcb32_Click() {
+void PortSelection::Mpcb32_Click() {
   choosePcb(Pcb::V32);
 }
 
-void Port::Mpcb40_Click() {
+void PortSelection::Mpcb40_Click() {
   choosePcb(Pcb::V4x);
 }
 
-void Port::choosePcb(Pcb pcb) {
+void PortSelection::choosePcb(Pcb pcb) {
   selectPcb(pcb);
   BitFeliratok();
-  settings_.SaveSetting(program_.EXEName, "Setup", "PCB", pcb == Pcb::V32 ? "32" : "40");
+  storeChoice_(pcb);
   showPcb();
 }
 
-void Port::selectPcb(Pcb pcb) {
+void PortSelection::selectPcb(Pcb pcb) {
   const bool v32 = pcb == Pcb::V32;
   (v32 ? panel_.Mpcb32 : panel_.Mpcb40).Checked = true;
   (v32 ? panel_.Mpcb40 : panel_.Mpcb32).Checked = false;
   pcb_ = pcb;
 }
 
-void Port::showPcb() {
+void PortSelection::showPcb() {
   panel_.PCBV.Caption = pcb_ == Pcb::V32 ? "PCB V3.2" : "PCB V4.x";
 }
 
