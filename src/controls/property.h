@@ -19,8 +19,8 @@ class Property {
   Property(const Property&) = delete;
   ~Property() = default;
 
-  Property& operator=(T value) {
-    assign(std::move(value));
+  Property& operator=(const T& value) {
+    assign(value);
     return *this;
   }
   Property& operator=(const Property& other) {
@@ -39,9 +39,9 @@ class Property {
   void observe(Listener view) { views_.push_back(std::move(view)); }
 
  private:
-  void assign(T value) {
+  void assign(const T& value) {
     if (value == value_) return;
-    value_ = std::move(value);
+    value_ = value;
     for (const auto& view : views_) view();
     if (event_) event_();
   }
