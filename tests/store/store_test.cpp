@@ -204,31 +204,30 @@ TEST_F(Store, AShortFileAppliesWhatItHasAndSaysNothing) {
 }
 
 TEST_F(Store, WhatCannotBeOpenedChangesNothingAheadOfItsMessage) {
-  const auto expectUnchanged = [this](Failure failure, const Journal& expected, const char* title) {
+  const auto expectUnchanged = [this](const std::optional<std::string>& path, Failure failure,
+                                      const Journal& boxes, const std::string& title) {
+    dialog.path = path;
     EXPECT_EQ(files.MFSetNyit_Click().failure, failure);
+    Journal expected{openDialog};
+    expected.insert(expected.end(), boxes.begin(), boxes.end());
     EXPECT_EQ(journal, expected);
     EXPECT_EQ(form.Caption.get(), title);
-    EXPECT_EQ(kozos.Modositott, -1);
     EXPECT_EQ(panel.FolLe[0].Value, 91);
+    EXPECT_EQ(kozos.Modositott, -1);
     journal.clear();
   };
-  expectUnchanged(Failure::Cancel, {openDialog}, "régi cím");
+  scratch.write("teszt.pwm", startUpFile);
+  std::filesystem::create_directory(scratch.path("mappa"));
+  expectUnchanged({}, Failure::Cancel, {}, "régi cím");
   for (const std::string name : {"nincs.pwm", "mappa", "TESZT.PWM"}) {
-    std::filesystem::create_directory(scratch.path("mappa"));
-    scratch.write("teszt.pwm", startUpFile);
-    dialog.path = scratch.path(name);
-    expectUnchanged(
-        Failure::FileNotFound,
-        {openDialog, "box 16: '" + name + "' nem létezik!\r\nAdjon meg létező File nevet!"},
-        "régi cím");
+    expectUnchanged(scratch.path(name), Failure::FileNotFound,
+                    {"box 16: '" + name + "' nem létezik!\r\nAdjon meg létező File nevet!"},
+                    "régi cím");
   }
   EXPECT_EQ(kozos.FirmwareNev, "fw.hex");
-  dialog.path = scratch.path("teszt.pwm");
-  const char* const title = "Vilor CNC Monitra V2.2.0  (teszt.pwm)";
-  disk.openFails = Failure::PathFileAccess;
-  expectUnchanged(Failure::PathFileAccess, {openDialog, driveProblem}, title);
-  disk.openFails = Failure::DeviceIo;
-  expectUnchanged(Failure::DeviceIo, {openDialog, general + " 57"}, title);
+  const std::string version = "Vilor CNC Monitra V2.2.0  ";
+  expectUnchanged("/dev/null", Failure::PathFileAccess, {driveProblem}, version + "(null)");
+  expectUnchanged("/proc/self/mem", Failure::DeviceIo, {general + " 57"}, version + "(mem)");
   EXPECT_EQ(kozos.FirmwareNev, "");
 }
 

@@ -7,14 +7,13 @@
 
 namespace monitra::support {
 
-/// The computer's own files, where chosen calls fail.
+/// The computer's own files, where the disk can be full after some writes, and a close can fail.
 class FaultyFiles : public platform::Files {
  public:
   std::string Dir(const std::string& path) override { return real_.Dir(path); }
 
   platform::Failure openForReading(const std::string& path,
                                    std::unique_ptr<platform::ByteReader>& file) override {
-    if (openFails != platform::Failure::None) return openFails;
     return real_.openForReading(path, file);
   }
 
@@ -25,9 +24,7 @@ class FaultyFiles : public platform::Files {
     return failure;
   }
 
-  platform::Failure openFails = platform::Failure::None;
   int writesThatSucceed = -1;  ///< -1: all
-  platform::Failure writeFails = platform::Failure::DiskFull;
   platform::Failure closeFails = platform::Failure::None;
 
  private:
@@ -37,7 +34,7 @@ class FaultyFiles : public platform::Files {
         : real_(std::move(real)), faults_(faults) {}
 
     platform::Failure write(std::string_view bytes) override {
-      if (faults_.writesThatSucceed == 0) return faults_.writeFails;
+      if (faults_.writesThatSucceed == 0) return platform::Failure::DiskFull;
       if (faults_.writesThatSucceed > 0) --faults_.writesThatSucceed;
       return real_->write(bytes);
     }
