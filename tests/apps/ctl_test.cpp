@@ -151,6 +151,19 @@ TEST_F(Ctl, UploadUsesTheBoardAndPortOfTheProgramUnlessToldOtherwise) {
   expect(told, "&H3BC, PCB V4.x");
 }
 
+TEST_F(Ctl, NoPhaseOfAnUploadIsShortByItsRecordedTimes) {
+  run({"upload", file, "--port", "sim", "--yes", "--vcd", scratch.path("a.vcd")}, 0);
+  std::istringstream dump(scratch.read("a.vcd"));
+  std::vector<long> times;  // in microseconds
+  for (std::string line; std::getline(dump, line);) {
+    if (line[0] == '#' && line.size() > 1) times.push_back(std::stol(line.substr(1)));
+  }
+  // The state at the start, the line put to idle; then 480 writes and the end of the last wait.
+  ASSERT_GT(times.size(), 481U);
+  times.erase(times.begin(), times.end() - 481);
+  for (std::size_t i = 1; i < times.size(); ++i) EXPECT_GE(times[i] - times[i - 1], 1000) << i;
+}
+
 TEST_F(Ctl, AnIndependentDecoderReadsTheTwentyBytesFromTheDump) {
   if (support::shell("sigrok-cli --version").exitCode != 0) {
     GTEST_SKIP() << "sigrok-cli is not installed";
