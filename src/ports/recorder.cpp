@@ -1,11 +1,6 @@
 #include "ports/recorder.h"
 
-#include <utility>
-
 namespace monitra::ports {
-
-Recorder::Recorder(platform::PortRegisters& registers, platform::Sleeper& sleeper, Clock clock)
-    : registers_(registers), sleeper_(sleeper), clock_(std::move(clock)) {}
 
 std::uint8_t Recorder::DlPortReadPortUchar(std::int32_t address) {
   const std::uint8_t value = registers_.DlPortReadPortUchar(address);
@@ -24,11 +19,7 @@ void Recorder::Sleep(int milliseconds) {
 }
 
 void Recorder::keep(PortEvent::Kind kind, std::int32_t address, int value) {
-  events_.push_back({kind, address, value, clock_()});
-}
-
-std::chrono::nanoseconds monotonicTime() {
-  return std::chrono::steady_clock::now().time_since_epoch();
+  events_.push_back({kind, address, value, std::chrono::steady_clock::now().time_since_epoch()});
 }
 
 }  // namespace monitra::ports

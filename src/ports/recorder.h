@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <cstdint>
-#include <functional>
 #include <vector>
 
 #include "platform/port_registers.h"
@@ -16,16 +15,15 @@ struct PortEvent {
   Kind kind;
   std::int32_t address;          ///< of a register; 0 for a wait
   int value;                     ///< read or written byte; milliseconds of a wait
-  std::chrono::nanoseconds end;  ///< when it was over, on the recorder's clock
+  std::chrono::nanoseconds end;  ///< when it was over, on the monotonic clock
 };
 
 /// Passes everything on to real registers and waits, and keeps a record of it in order.
 class Recorder : public platform::PortRegisters, public platform::Sleeper {
  public:
-  using Clock = std::function<std::chrono::nanoseconds()>;
-
-  /// What it is given must outlive it. The clock never goes back.
-  Recorder(platform::PortRegisters& registers, platform::Sleeper& sleeper, Clock clock);
+  /// Both must outlive it.
+  Recorder(platform::PortRegisters& registers, platform::Sleeper& sleeper)
+      : registers_(registers), sleeper_(sleeper) {}
 
   std::uint8_t DlPortReadPortUchar(std::int32_t address) override;
   void DlPortWritePortUchar(std::int32_t address, std::uint8_t value) override;
@@ -38,11 +36,7 @@ class Recorder : public platform::PortRegisters, public platform::Sleeper {
 
   platform::PortRegisters& registers_;
   platform::Sleeper& sleeper_;
-  Clock clock_;
   std::vector<PortEvent> events_;
 };
-
-/// The monotonic clock.
-std::chrono::nanoseconds monotonicTime();
 
 }  // namespace monitra::ports

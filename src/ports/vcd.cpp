@@ -1,5 +1,7 @@
 #include "ports/vcd.h"
 
+#include <optional>
+
 namespace monitra::ports {
 
 namespace {
@@ -16,17 +18,10 @@ void declare(std::string& dump, const std::array<std::string, 8>& wires, char fi
   }
 }
 
-void levels(std::string& dump, int value, char firstCode) {
+/// The state of a register's wires; "x" for all where the register's value is not known.
+void levels(std::string& dump, std::optional<int> value, char firstCode) {
   for (int bit = 0; bit < 8; ++bit) {
-    dump += (value >> bit & 1) != 0 ? '1' : '0';
-    dump += static_cast<char>(firstCode + bit);
-    dump += '\n';
-  }
-}
-
-void unknown(std::string& dump, char firstCode) {
-  for (int bit = 0; bit < 8; ++bit) {
-    dump += 'x';
+    dump += !value ? 'x' : (*value >> bit & 1) != 0 ? '1' : '0';
     dump += static_cast<char>(firstCode + bit);
     dump += '\n';
   }
@@ -39,8 +34,8 @@ std::string vcd(const VcdPort& port, const std::vector<PortEvent>& events) {
   declare(dump, port.dataWires, firstDataCode);
   declare(dump, port.controlWires, firstControlCode);
   dump += "$upscope $end\n$enddefinitions $end\n#0\n$dumpvars\n";
-  unknown(dump, firstDataCode);
-  unknown(dump, firstControlCode);
+  levels(dump, {}, firstDataCode);
+  levels(dump, {}, firstControlCode);
   dump += "$end\n";
 
   bool dataKnown = false;

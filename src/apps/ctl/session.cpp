@@ -46,10 +46,9 @@ Failure GivenFile::ShowSave() {
   return ShowOpen();
 }
 
-OptionSettings::OptionSettings(std::string lptIndex, std::string pcb)
-    : preferences_(settings::userSettingsFolder()),
-      lptIndex_(std::move(lptIndex)),
-      pcb_(std::move(pcb)) {}
+OptionSettings::OptionSettings(platform::SettingsStore& preferences, std::string lptIndex,
+                               std::string pcb)
+    : preferences_(preferences), lptIndex_(std::move(lptIndex)), pcb_(std::move(pcb)) {}
 
 std::string OptionSettings::GetSetting(const std::string& application, const std::string& section,
                                        const std::string& key, const std::string& fallback) {
@@ -61,20 +60,18 @@ std::string OptionSettings::GetSetting(const std::string& application, const std
 void OptionSettings::SaveSetting(const std::string& /*application*/, const std::string& /*section*/,
                                  const std::string& /*key*/, const std::string& /*value*/) {}
 
-bool OptionSettings::isDamaged(const std::string& application) const {
-  return preferences_.isDamaged(application);
-}
-
 Session::Session(const Options& options, platform::PortRegisters& registers,
                  platform::Sleeper& sleeper, CtlBoxes::Answer answer)
     : program_(accompaniedProgram()),
-      settings_(options.lptIndex, options.pcb),
+      preferences_(settings::userSettingsFolder()),
+      settings_(preferences_, options.lptIndex, options.pcb),
       dialog_(options.file),
       boxes(std::move(answer)),
       lap({registers, sleeper, boxes, dialog_, files_, codePage_, settings_, program_,
            [] { std::_Exit(done); }}) {
   lap.Form_Load();
-  if (settings_.isDamaged(program_.EXEName)) std::cerr << shell::damagedPreferencesText() << '\n';
+  if (preferences_.isDamaged(program_.EXEName))
+    std::cerr << shell::damagedPreferencesText() << '\n';
 }
 
 ExitCode Session::open() {

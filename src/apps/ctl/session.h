@@ -48,17 +48,15 @@ class GivenFile : public platform::FileDialog {
 /// The program's preferences with options of the command line above them. Nothing is stored.
 class OptionSettings : public platform::SettingsStore {
  public:
-  /// Empty texts leave the preference as it is.
-  OptionSettings(std::string lptIndex, std::string pcb);
+  /// Empty texts leave the preference as it is. The preferences must outlive it.
+  OptionSettings(platform::SettingsStore& preferences, std::string lptIndex, std::string pcb);
   std::string GetSetting(const std::string& application, const std::string& section,
                          const std::string& key, const std::string& fallback) override;
   void SaveSetting(const std::string& application, const std::string& section,
                    const std::string& key, const std::string& value) override;
 
-  bool isDamaged(const std::string& application) const;
-
  private:
-  settings::JsonSettings preferences_;
+  platform::SettingsStore& preferences_;
   std::string lptIndex_;
   std::string pcb_;
 };
@@ -84,6 +82,7 @@ class Session {
   platform::ProgramIdentity program_;
   host::HostFiles files_;
   host::Windows1250 codePage_;
+  settings::JsonSettings preferences_;
   OptionSettings settings_;
   GivenFile dialog_;
 

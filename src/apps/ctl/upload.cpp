@@ -130,7 +130,7 @@ bool writeVcd(std::ofstream& file, const UploadOptions& options, const shell::La
 ExitCode upload(const UploadOptions& options) {
   ports::SimulatedPort port;
   host::Pacer pacer;
-  ports::Recorder recorder(port, pacer, ports::monotonicTime);
+  ports::Recorder recorder(port, pacer);
   Terminal terminal(options.yes);
   Session session(
       {options.file, lptIndex(options.lpt), options.pcb}, recorder, recorder,
