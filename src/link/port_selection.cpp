@@ -74,8 +74,8 @@ void PortSelection::BitFeliratok() {
 
 void PortSelection::PcbAlkalmaz(Pcb pcb) {
   selectPcb(pcb);
-  BitFeliratok();
   showPcb();
+  BitFeliratok();
 }
 
 void PortSelection::Mpcb32_Click() {

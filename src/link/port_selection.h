@@ -30,16 +30,13 @@ class PortSelection {
   void PortCimKiir();
   void BitFeliratok();
 
-  /// Makes a revision the current one; the preference is not written.
+  /// Makes a revision the current one: menu checks, pin map, PCBV, captions of the boxes. The
+  /// preference is not written.
   void PcbAlkalmaz(Pcb pcb);
 
-  /// The same, and the choice is stored.
+  /// The user's choice: the same, and it is stored, after the captions and ahead of PCBV.
   void Mpcb32_Click();
   void Mpcb40_Click();
-
-  /// The parts of PcbAlkalmaz: menu checks and pin map; caption of PCBV.
-  void selectPcb(Pcb pcb);
-  void showPcb();
 
   Pcb pcb() const { return pcb_; }
   /// The current revision's pins; to be read anew at every use.
@@ -53,6 +50,8 @@ class PortSelection {
 
  private:
   void choosePcb(Pcb pcb);
+  void selectPcb(Pcb pcb);
+  void showPcb();
 
   PortPanel& panel_;
   std::function<void(Pcb)> storeChoice_;

@@ -47,9 +47,7 @@ void Lap::Form_Load() {
   setup.Funkcio.ListIndex = 0;
   tuningFields_.showUthossz();
   form.Caption = store::windowTitle(outside_.program);
-  port_.selectPcb(preferences_.boardV4x() ? link::Pcb::V4x : link::Pcb::V32);
-  port_.showPcb();
-  port_.BitFeliratok();
+  port_.PcbAlkalmaz(preferences_.boardV4x() ? link::Pcb::V4x : link::Pcb::V32);
   loadInfo();
   line_.SorosAlap();
   editions_.MBKTarso_Click();
