@@ -47,13 +47,13 @@ struct Line {
   Property<bool> Visible;
 };
 
-/// One line of text; the change event is that of Text, typed or assigned.
+/// The change event is that of Text, typed or assigned.
 struct TextBox {
   explicit TextBox(std::string text = {}, bool locked = false)
       : Text(std::move(text)), Locked(locked) {}
 
-  /// The user has edited the text, which now reads as given, up to the line break that a pasted
-  /// text may hold. A locked box only shows.
+  /// The user has edited the text, which now reads as given; it is one line, so a pasted text ends
+  /// at its first line break. A locked box only shows.
   void type(const std::string& text) {
     if (Enabled && !Locked) Text = text.substr(0, text.find_first_of("\r\n"));
   }

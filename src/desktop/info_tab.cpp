@@ -4,9 +4,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 
-#include "desktop/bindings.h"
 #include "desktop/widgets.h"
-#include "desktop/words.h"
 
 namespace monitra::desktop {
 
@@ -25,14 +23,12 @@ InfoTab::InfoTab(controls::TextBox& InfoT, QWidget* parent) : QWidget(parent) {
   }
   column->addLayout(heads);
 
-  auto* text = new QPlainTextEdit;
-  describe(text, "InfoT");
+  auto* text = bound<QPlainTextEdit>("InfoT", InfoT);
   text->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   QPalette colours = text->palette();
   colours.setColor(QPalette::Base, colours.color(QPalette::ToolTipBase));
   colours.setColor(QPalette::Text, colours.color(QPalette::ToolTipText));
   text->setPalette(colours);
-  bind(text, InfoT);
   column->addWidget(text);
 }
 

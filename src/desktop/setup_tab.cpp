@@ -12,11 +12,9 @@
 #include <QPushButton>
 #include <array>
 
-#include "desktop/bindings.h"
 #include "desktop/spin_arrows.h"
 #include "desktop/timing_diagram.h"
 #include "desktop/widgets.h"
-#include "desktop/words.h"
 
 namespace monitra::desktop {
 
@@ -52,7 +50,7 @@ QHBoxLayout* spinField(std::string_view boxName, controls::TextBox& text,
   QHBoxLayout* const row = flatRow();
   row->setSpacing(2);
   QLineEdit* const box = numberBox(boxName, text, spinFieldFigures);
-  SpinArrows* const arrows = boundArrows(arrowsName, spin);
+  SpinArrows* const arrows = bound<SpinArrows>(arrowsName, spin);
   arrows->serve(box);
   row->addWidget(box);
   row->addWidget(arrows);
@@ -98,7 +96,7 @@ QWidget* SetupTab::headline() {
   QLabel* const pwm = wordedLabel("Label23");
   pwm->setEnabled(false);
   row->addWidget(pwm);
-  row->addWidget(boundLabel("Cim", panel_.Cim));
+  row->addWidget(bound<QLabel>("Cim", panel_.Cim));
   row->addStretch();
   return widget;
 }
@@ -161,7 +159,7 @@ void SetupTab::addTimingField(QGridLayout& grid, int i) {
   box->setFocusPolicy(Qt::ClickFocus);
   cell->addStretch();
   cell->addWidget(box);
-  cell->addWidget(boundArrows("FolLe", panel_.FolLe[i], i));
+  cell->addWidget(bound<SpinArrows>("FolLe", panel_.FolLe[i], i));
   cell->addStretch();
   grid.addLayout(cell, i % 3 + 1, i / 3 + 1);
   grid.setColumnMinimumWidth(i / 3 + 1, columnWidth());
@@ -205,7 +203,8 @@ void SetupTab::addDerivedColumn(QGridLayout& grid, const DerivedColumn& column, 
   const bool array = column.names[0] == column.names[1];
   for (std::size_t axis = 0; axis < 3; ++axis) {
     const int index = static_cast<int>(axis);
-    QLabel* const label = boundLabel(column.names[axis], *column.labels[axis], array ? index : -1);
+    QLabel* const label =
+        bound<QLabel>(column.names[axis], *column.labels[axis], array ? index : -1);
     grid.addWidget(label, index + 1, at, Qt::AlignCenter);
     label->raise();
   }
@@ -225,11 +224,9 @@ QWidget* SetupTab::tuningFields() {
   auto* grid = new QGridLayout(widget);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setVerticalSpacing(4);
-  auto* mode = new QComboBox;
-  describe(mode, "Funkcio");
+  auto* mode = bound<QComboBox>("Funkcio", panel_.Funkcio);
   mode->setFocusPolicy(Qt::StrongFocus);
   mode->installEventFilter(new WheelNeedsFocus(mode));
-  bind(mode, panel_.Funkcio);
   grid->addWidget(wordedLabel("Label5"), 0, 0);
   grid->addWidget(mode, 0, 1, Qt::AlignLeft);
   grid->addWidget(wordedLabel("Label7"), 1, 0);
@@ -267,36 +264,25 @@ QWidget* SetupTab::wholeStepBoxes() {
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(4);
   column->addWidget(wordedLabel("Label31"));
-  struct Box {
-    std::string_view name;
-    controls::CheckBox& control;
-  };
-  for (const Box& box :
-       {Box{"Xegesz", panel_.Xegesz}, Box{"Yegesz", panel_.Yegesz}, Box{"Zegesz", panel_.Zegesz}}) {
-    auto* check = new QCheckBox;
-    describe(check, box.name);
-    bind(check, box.control);
-    column->addWidget(check);
-  }
+  column->addWidget(bound<QCheckBox>("Xegesz", panel_.Xegesz));
+  column->addWidget(bound<QCheckBox>("Yegesz", panel_.Yegesz));
+  column->addWidget(bound<QCheckBox>("Zegesz", panel_.Zegesz));
   return widget;
 }
 
 QWidget* SetupTab::uploadRow() {
   auto* widget = new QWidget;
   auto* row = flatRow(widget);
-  auto* button = new QPushButton(QIcon(QStringLiteral(":/pictures/upload.svg")), caption("Letolt"));
-  describe(button, "Letolt");
+  auto* button = bound<QPushButton>("Letolt", panel_.Letolt);
+  button->setText(caption("Letolt"));
+  button->setIcon(QIcon(QStringLiteral(":/pictures/upload.svg")));
   button->setIconSize({24, 24});
-  bind(button, panel_.Letolt);
-  auto* bar = new QProgressBar;
-  describe(bar, "Bar");
-  bind(bar, panel_.Bar);
   row->addWidget(button);
   row->addSpacing(10);
   row->addWidget(wordedLabel("Label22"));
-  row->addWidget(bar, 1);
-  row->addWidget(boundLabel("Label15", panel_.Label15));
-  row->addWidget(boundLabel("Verz", panel_.Verz));
+  row->addWidget(bound<QProgressBar>("Bar", panel_.Bar), 1);
+  row->addWidget(bound<QLabel>("Label15", panel_.Label15));
+  row->addWidget(bound<QLabel>("Verz", panel_.Verz));
   return widget;
 }
 

@@ -6,9 +6,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 
-#include "desktop/bindings.h"
 #include "desktop/widgets.h"
-#include "desktop/words.h"
 
 namespace monitra::desktop {
 
@@ -22,10 +20,7 @@ QWidget* TestTab::jogColumn(bench::JogPanel& jog) {
   auto* widget = new QWidget;
   auto* column = new QVBoxLayout(widget);
   for (int axis = 0; axis < 3; ++axis) {
-    auto* check = new QCheckBox;
-    describe(check, "Invert", axis);
-    bind(check, jog.Invert[axis]);
-    column->addWidget(check);
+    column->addWidget(bound<QCheckBox>("Invert", jog.Invert[axis], axis));
   }
   auto* rate = flatRow();
   rate->addWidget(wordedLabel("Label18"));
@@ -41,13 +36,11 @@ QWidget* TestTab::jogColumn(bench::JogPanel& jog) {
 QWidget* TestTab::portColumn(link::PortPanel& port) {
   auto* widget = new QWidget;
   auto* column = new QVBoxLayout(widget);
-  auto* list = new QListWidget;
-  describe(list, "LPT");
-  bind(list, port.LPT);
+  auto* list = bound<QListWidget>("LPT", port.LPT);
   const int rows = static_cast<int>(port.LPT.Items.size());
   list->setFixedHeight(list->sizeHintForRow(0) * rows + 2 * list->frameWidth() + 2);
   list->setFixedWidth(list->sizeHintForColumn(0) + 40);
-  QLabel* const board = boundLabel("PCBV", port.PCBV);
+  QLabel* const board = bound<QLabel>("PCBV", port.PCBV);
   board->setAlignment(Qt::AlignCenter);
   column->addWidget(wordedLabel("Label19"));
   column->addWidget(list);

@@ -5,10 +5,6 @@
 #include <QLabel>
 #include <QLineEdit>
 
-#include "desktop/bindings.h"
-#include "desktop/spin_arrows.h"
-#include "desktop/words.h"
-
 namespace monitra::desktop {
 
 QHBoxLayout* flatRow(QWidget* parent) {
@@ -17,15 +13,8 @@ QHBoxLayout* flatRow(QWidget* parent) {
   return row;
 }
 
-QLabel* boundLabel(std::string_view name, controls::Label& control, int index) {
-  auto* label = new QLabel;
-  describe(label, name, index);
-  bind(label, control);
-  return label;
-}
-
 QLabel* framedLabel(std::string_view name, controls::Label& control) {
-  QLabel* const label = boundLabel(name, control);
+  auto* label = bound<QLabel>(name, control);
   label->setFrameShape(QFrame::StyledPanel);
   label->setFrameShadow(QFrame::Sunken);
   label->setAlignment(Qt::AlignCenter);
@@ -46,19 +35,10 @@ int numberBoxWidth(const QWidget& widget, int characters) {
 }
 
 QLineEdit* numberBox(std::string_view name, controls::TextBox& control, int characters, int index) {
-  auto* box = new QLineEdit;
-  describe(box, name, index);
+  auto* box = bound<QLineEdit>(name, control, index);
   box->setAlignment(Qt::AlignCenter);
   box->setFixedWidth(numberBoxWidth(*box, characters));
-  bind(box, control);
   return box;
-}
-
-SpinArrows* boundArrows(std::string_view name, controls::SpinButton& control, int index) {
-  auto* arrows = new SpinArrows;
-  describe(arrows, name, index);
-  bind(arrows, control);
-  return arrows;
 }
 
 bool WheelNeedsFocus::eventFilter(QObject* watched, QEvent* event) {

@@ -4,6 +4,8 @@
 #include <string_view>
 
 #include "controls/controls.h"
+#include "desktop/bindings.h"
+#include "desktop/words.h"
 
 class QHBoxLayout;
 class QLabel;
@@ -12,12 +14,17 @@ class QWidget;
 
 namespace monitra::desktop {
 
-class SpinArrows;
-
 /// The kinds of widgets that the tabs are made of, each with the words of the named control and
 /// bound to it. An element of a control array has an index.
 
-QLabel* boundLabel(std::string_view name, controls::Label& control, int index = -1);
+/// Any widget with a binding of its own.
+template <class Widget, class Control>
+Widget* bound(std::string_view name, Control& control, int index = -1) {
+  auto* widget = new Widget;
+  describe(widget, name, index);
+  bind(widget, control);
+  return widget;
+}
 
 /// A label with a border and its text in the middle.
 QLabel* framedLabel(std::string_view name, controls::Label& control);
@@ -28,8 +35,6 @@ QLineEdit* numberBox(std::string_view name, controls::TextBox& control, int char
 
 /// The width of such a box beside this widget.
 int numberBoxWidth(const QWidget& widget, int characters);
-
-SpinArrows* boundArrows(std::string_view name, controls::SpinButton& control, int index = -1);
 
 /// A row without margins.
 QHBoxLayout* flatRow(QWidget* parent = nullptr);

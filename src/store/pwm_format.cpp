@@ -74,8 +74,9 @@ PwmTexts pwmTexts(const SetupPanel& panel, const Kozos& kozos) {
     }
     texts.records.push_back(timing::numberText(Ertek(kozos.*digit)));
   }
-  for (const auto box : wholeStepBoxes)
+  for (const auto box : wholeStepBoxes) {
     texts.records.emplace_back((panel.*box).Checked ? "E" : "F");
+  }
   return texts;
 }
 
