@@ -53,7 +53,7 @@ int run(int argc, char** argv, const WindowProgram& program) {
   desktop::QtMessageBox box(QString::fromUtf8(program.title));
   desktop::QtFileDialog dialog;
   shell::Lap lap({program.registers, pacer, box, dialog, files, codePage, settings, identity,
-                  [] { std::_Exit(EXIT_SUCCESS); }});
+                  [] { QApplication::beep(); }, [] { std::_Exit(EXIT_SUCCESS); }});
   lap.Form_Load();
   lap.PortAllapot.Caption = program.portStatus;
   if (settings.isDamaged(identity.EXEName)) lap.Esemeny.Caption = shell::damagedPreferencesText();

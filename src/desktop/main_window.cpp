@@ -63,6 +63,9 @@ void MainWindow::addMenus() {
   bind(addEntry(file, "MFkilepes"), lap_.MFkilepes);
 
   QMenu* const settings = addMenu(nullptr, menuBar(), "MB");
+  QMenu* const holding = addMenu(settings, nullptr, "MBT");
+  bindChecked(addEntry(holding, "MBTallando"), lap_.setup.MBTallando);
+  bindChecked(addEntry(holding, "MBTValtozo"), lap_.setup.MBTValtozo);
   QMenu* const boards = addMenu(settings, nullptr, "Mkom");
   bindChecked(addEntry(boards, "Mpcb32"), lap_.port.Mpcb32);
   bindChecked(addEntry(boards, "Mpcb40"), lap_.port.Mpcb40);

@@ -17,6 +17,7 @@ Lap::Lap(Outside outside)
       preferences_(outside_.settings, outside_.program.EXEName),
       timingFields_(kozos, setup),
       editions_(kozos, setup, timingFields_, outside_.box),
+      holding_(kozos, setup, timingFields_, outside_.Beep),
       tuningFields_(setup),
       port_(port, [this](link::Pcb pcb) { preferences_.saveBoard(pcb == link::Pcb::V4x); }),
       line_(port_, outside_.registers, outside_.sleeper),

@@ -20,6 +20,7 @@
 #include "store/preferences.h"
 #include "store/setup_files.h"
 #include "timing/editions.h"
+#include "timing/holding_frequency.h"
 #include "timing/kozos.h"
 #include "timing/setup_panel.h"
 #include "timing/timing_fields.h"
@@ -37,6 +38,8 @@ struct Outside {
   const platform::CodePage& codePage;
   platform::SettingsStore& settings;
   const platform::ProgramIdentity& program;
+  /// A short sound.
+  std::function<void()> Beep;
   /// Ends the process at once.
   std::function<void()> end;
 };
@@ -92,6 +95,7 @@ class Lap {
   store::Preferences preferences_;
   timing::TimingFields timingFields_;
   timing::Editions editions_;
+  timing::HoldingFrequency holding_;
   timing::TuningFields tuningFields_;
   link::PortSelection port_;
   link::SerialLine line_;

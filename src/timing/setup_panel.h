@@ -61,6 +61,9 @@ struct SetupPanel {
   /// The edition in force is the checked one of these two entries.
   controls::MenuEntry MBKVilor{true};
   controls::MenuEntry MBKTarso;
+  /// The checked one tells whether the holding frequency stays while the duty moves.
+  controls::MenuEntry MBTallando{true};
+  controls::MenuEntry MBTValtozo;
   controls::Label Cim{"Gerjesztés: Hibrid PWM (10 kHz)"};
   controls::Label lepes{" Vilor Firmware: egészlépés "};
   controls::Line LineVilor1;

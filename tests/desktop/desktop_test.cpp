@@ -101,7 +101,7 @@ TEST_F(Desktop, ArrowsKeysAndWheelMoveATimingField) {
   turnWheel(arrows, 5);
   EXPECT_EQ(boxText("T2(6)"), "24") << "the wheel needs the focus";
   pressArrow("FolLe(6)", Qt::UpArrow);
-  EXPECT_EQ(boxText("T2(6)") + " " + text("Xttarto"), "25 618.429 Hz (48.9%)");
+  EXPECT_EQ(boxText("T2(6)") + " " + text("Xttarto"), "25 631.313 Hz (47.9%)");
   EXPECT_TRUE(arrows->hasFocus());
   pressArrow("FolLe(6)", Qt::DownArrow);
   QTest::keyClick(arrows, Qt::Key_Down);

@@ -20,9 +20,16 @@ struct Program {
   host::HostFiles files;
   host::Windows1250 codePage;
   platform::ProgramIdentity identity{"Monitra Setup", scratch.path(), "Monitra Setup", 2, 2, 0};
-  shell::Outside outside{registers, registers, box,
-                         dialog,    files,     codePage,
-                         settings,  identity,  [this] { journal.emplace_back("end"); }};
+  shell::Outside outside{registers,
+                         registers,
+                         box,
+                         dialog,
+                         files,
+                         codePage,
+                         settings,
+                         identity,
+                         [this] { journal.emplace_back("beep"); },
+                         [this] { journal.emplace_back("end"); }};
   shell::Lap lap{outside};
 };
 

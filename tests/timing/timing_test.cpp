@@ -3,6 +3,7 @@
 
 #include "support/journal.h"
 #include "timing/editions.h"
+#include "timing/holding_frequency.h"
 #include "timing/numbers.h"
 #include "timing/timing_fields.h"
 #include "timing/tuning_fields.h"
@@ -29,6 +30,7 @@ struct Timing : testing::Test {
   SetupPanel panel;
   TimingFields fields{kozos, panel};
   Editions editions{kozos, panel, fields, box};
+  HoldingFrequency coupling{kozos, panel, fields, [this] { journal.emplace_back("beep"); }};
   TuningFields tuning{panel};
 };
 
@@ -62,6 +64,7 @@ TEST_F(Timing, DerivedCaptionsFollowTheFieldsInBothEditionsAndBases) {
 TEST_F(Timing, EveryArrowMovesItsOwnBoxAndItsOwnAxis) {
   std::vector<std::string> texts{"91", "91", "91", "244", "244", "244",
                                  "24", "24", "24", "24",  "24",  "24"};
+  panel.MBTValtozo.click();
   for (int i = 0; i < timingFields; ++i) {
     const std::string before[] = {captions(0), captions(1), captions(2)};
     kozos.Modositott = 0;
@@ -82,6 +85,85 @@ TEST_F(Timing, EveryArrowMovesItsOwnBoxAndItsOwnAxis) {
   kozos.Modositott = 0;
   panel.FolLe[T1Y].pressUp();
   EXPECT_EQ(kozos.Modositott, 0) << "at the limit";
+}
+
+TEST_F(Timing, APressOnT2OrT3MovesItsPartnerAndBeepsAtALimit) {
+  // Each row: an axis's T2 and T3, the arrow, then both, their sum, the label and the beeps.
+  const std::vector<std::string> rows{
+      "24 24 T2-|23 25 48 208.333 Hz (52.0%) ",     "24 24 T2+|25 23 48 208.333 Hz (47.9%) ",
+      "24 24 T3-|25 23 48 208.333 Hz (47.9%) ",     "24 24 T3+|23 25 48 208.333 Hz (52.0%) ",
+      "24 255 T2-|23 255 278 35.9712 Hz (91.7%) !", "24 1 T2+|25 1 26 384.615 Hz (3.84%) !",
+      "255 24 T3-|255 23 278 35.9712 Hz (8.27%) !", "1 24 T3+|1 25 26 384.615 Hz (96.1%) !",
+      "1 24 T2-|1 25 26 384.615 Hz (96.1%) !",      "255 24 T2+|255 23 278 35.9712 Hz (8.27%) !",
+      "24 1 T3-|25 1 26 384.615 Hz (3.84%) !",      "24 255 T3+|23 255 278 35.9712 Hz (91.7%) !",
+      "1 255 T2-|1 255 256 39.0625 Hz (99.6%) !!",  "255 1 T2+|255 1 256 39.0625 Hz (.390%) !!",
+      "255 1 T3-|255 1 256 39.0625 Hz (.390%) !!",  "1 255 T3+|1 255 256 39.0625 Hz (99.6%) !!",
+      "2 254 T2-|1 255 256 39.0625 Hz (99.6%) ",    "2 254 T3+|1 255 256 39.0625 Hz (99.6%) "};
+  const controls::Label* const labels[] = {&panel.Xttarto, &panel.Yttarto, &panel.Zttarto};
+  for (int axis = 0; axis < 3; ++axis) {
+    for (const std::string& row : rows) {
+      int t2 = 0, t3 = 0, group = 0;
+      char arrow = 0;
+      ASSERT_EQ(std::sscanf(row.c_str(), "%d %d T%d%c", &t2, &t3, &group, &arrow), 4);
+      panel.FolLe[T2X + axis].Value = t2;
+      panel.FolLe[T3X + axis].Value = t3;
+      kozos.Modositott = 0;
+      journal.clear();
+      auto& spin = panel.FolLe[3 * group + axis];
+      arrow == '+' ? spin.pressUp() : spin.pressDown();
+      for (const int i : {T2X + axis, T3X + axis}) {
+        EXPECT_EQ(panel.box(i).Text.get(), decimalText(panel.FolLe[i].Value));
+      }
+      const std::string seen = panel.box(T2X + axis).Text.get() + " " +
+                               panel.box(T3X + axis).Text.get() + " " +
+                               decimalText(kozos.Tartoperiod[axis + 1]) + " " +
+                               labels[axis]->Caption.get() + " " + std::string(journal.size(), '!');
+      EXPECT_EQ(row.substr(0, row.find('|') + 1) + seen, row);
+      EXPECT_EQ(kozos.Modositott, journal.size() == 2 ? 0 : -1);
+    }
+    panel.FolLe[T2X + axis].Value = panel.FolLe[T3X + axis].Value = 24;
+    EXPECT_EQ(labels[axis]->Caption.get(), "208.333 Hz (50%)");
+  }
+}
+
+TEST_F(Timing, ThePartnersTextComesAheadOfItsValueAndBothAheadOfTheMovedField) {
+  for (const int i : {T2X, T3X}) {
+    panel.box(i).Text.observe([this, i] { journal.push_back("text " + panel.box(i).Text.get()); });
+    panel.FolLe[i].Value.observe(
+        [this, i] { journal.push_back("value " + decimalText(panel.FolLe[i].Value)); });
+  }
+  panel.Xttarto.Caption.observe([this] { journal.push_back(panel.Xttarto.Caption); });
+  panel.FolLe[T3X].pressUp();
+  EXPECT_EQ(journal, (support::Journal{"text 23", "value 23", "212.765 Hz (51.0%)", "value 25",
+                                       "text 25", "208.333 Hz (52.0%)"}));
+}
+
+TEST_F(Timing, OnlyTheModeOfConstantFrequencyCouplesAndOnlyT2AndT3) {
+  const auto press = [this](int i, int value, bool up) {
+    panel.FolLe[i].Value = value;
+    std::string before, after;
+    for (int n = 0; n < timingFields; ++n) before += n == i ? "" : panel.box(n).Text.get() + " ";
+    up ? panel.FolLe[i].pressUp() : panel.FolLe[i].pressDown();
+    for (int n = 0; n < timingFields; ++n) after += n == i ? "" : panel.box(n).Text.get() + " ";
+    EXPECT_EQ(before, after);
+  };
+  for (const bool constant : {true, false, true}) {
+    (constant ? panel.MBTallando : panel.MBTValtozo).click();
+    EXPECT_EQ(panel.MBTallando.Checked, constant);
+    EXPECT_EQ(panel.MBTValtozo.Checked, !constant);
+    for (int i = 0; i < (constant ? T2X : timingFields); ++i) {
+      press(i, 255, true);
+      press(i, 1, false);
+    }
+  }
+  EXPECT_EQ(journal, support::Journal{});
+  kozos.Modositott = 0;
+  kozos.Tartoperiod[1] = 0;
+  panel.MBTValtozo.click();
+  EXPECT_EQ(kozos.Tartoperiod[1], 0);
+  panel.MBTallando.click();
+  EXPECT_EQ(kozos.Tartoperiod[1], 2) << "computed anew";
+  EXPECT_EQ(kozos.Modositott, 0);
 }
 
 TEST_F(Timing, AT2TextAloneShowsTheDutyUnderTheLastPeriod) {

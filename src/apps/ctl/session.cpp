@@ -67,7 +67,7 @@ Session::Session(const Options& options, platform::PortRegisters& registers,
       settings_(preferences_, options.lptIndex, options.pcb),
       dialog_(options.file),
       boxes(std::move(answer)),
-      lap({registers, sleeper, boxes, dialog_, files_, codePage_, settings_, program_,
+      lap({registers, sleeper, boxes, dialog_, files_, codePage_, settings_, program_, [] {},
            [] { std::_Exit(done); }}) {
   lap.Form_Load();
   if (preferences_.isDamaged(program_.EXEName))
