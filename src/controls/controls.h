@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <utility>
@@ -28,16 +29,36 @@ class Event {
   std::function<void()> handler_;
 };
 
+/// 0x00BBGGRR, or with the top bit set one of the desktop's own colours.
+using Colour = std::uint32_t;
+
+namespace colour {
+inline constexpr Colour red = 0xFF;
+inline constexpr Colour green = 0xFF00;
+inline constexpr Colour yellow = 0xFFFF;
+inline constexpr Colour windowText = 0x80000008;
+inline constexpr Colour buttonFace = 0x8000000F;
+}  // namespace colour
+
 struct Form {
   Property<std::string> Caption;
 };
 
 struct Label {
-  explicit Label(std::string caption = {}) : Caption(std::move(caption)) {}
+  explicit Label(std::string caption = {}, bool enabled = true)
+      : Caption(std::move(caption)), Enabled(enabled) {}
 
   Property<std::string> Caption;
-  Property<bool> Enabled{true};
+  Property<Colour> BackColor{colour::buttonFace};
+  Property<bool> Enabled;
   Property<bool> Visible{true};
+};
+
+/// A group of controls with a border.
+struct Frame {
+  explicit Frame(bool enabled = true) : Enabled(enabled) {}
+
+  Property<bool> Enabled;
 };
 
 /// A straight line of a drawing.
@@ -59,6 +80,7 @@ struct TextBox {
   }
 
   Property<std::string> Text;
+  Property<Colour> ForeColor{colour::windowText};
   Property<bool> Enabled{true};
   const bool Locked;
 };
@@ -107,6 +129,67 @@ struct PushButton {
   Event Click;
 };
 
+/// A button that acts while it is held. What has gone down always comes up: a button that is
+/// disabled while it is held comes up by itself.
+struct HoldButton {
+  explicit HoldButton(bool enabled = true) : Enabled(enabled) {
+    Enabled.handle([this] {
+      if (!Enabled) release();
+    });
+  }
+
+  /// A mouse button, or key, has gone down on it; one more while it is held counts too.
+  void press() {
+    if (!Enabled) return;
+    Held = true;
+    MouseDown.raise();
+  }
+  /// It has come up, or nobody can be sure any more that it is still down.
+  void release() {
+    if (!Held) return;
+    Held = false;
+    MouseUp.raise();
+  }
+
+  Property<bool> Held;  ///< set by press and release only
+  Property<bool> Enabled;
+  Event MouseDown;
+  Event MouseUp;
+};
+
+/// A button that stays in until the next press; the click event is that of Value.
+struct ToggleButton {
+  explicit ToggleButton(bool enabled = true) : Enabled(enabled) {}
+
+  void click() {
+    if (Enabled) Value = !Value;
+  }
+
+  Property<bool> Value;  ///< true while it is in
+  Property<bool> Enabled;
+};
+
+/// One of a group of buttons, of which at most one is selected. The click event comes when it
+/// becomes selected, by the user or by an assignment, with the others no longer selected.
+struct OptionButton {
+  OptionButton() {
+    Value.handle([this] {
+      if (!Value) return;
+      for (OptionButton* const other : others) other->Value = false;
+      Click.raise();
+    });
+  }
+
+  void click() {
+    if (Enabled) Value = true;
+  }
+
+  Property<bool> Value;
+  Property<bool> Enabled{true};
+  Event Click;
+  std::vector<OptionButton*> others;  ///< of its group; they live as long as this one is used
+};
+
 /// A list, not empty, from which one entry is always selected; the click event is that of
 /// ListIndex. An index outside the list selects the nearest entry.
 struct PickList {
@@ -129,6 +212,25 @@ struct ProgressBar {
   Property<double> Value;
 };
 
+/// A bar of lights from 0, which is dark, to 100. Its colour changes at the two limits.
+struct LedMeter {
+  Property<int> Limit1{50};
+  Property<int> Limit2{75};
+  Property<int> Level;
+};
+
+/// While it is enabled the platform calls tick() every Interval milliseconds, for the first time
+/// one interval after the start. An interval of 0 never ticks.
+struct Timer {
+  void tick() const {
+    if (Enabled && Interval > 0) Tick.raise();
+  }
+
+  Property<int> Interval{100};
+  Property<bool> Enabled;
+  Event Tick;
+};
+
 struct MenuEntry {
   explicit MenuEntry(bool checked = false) : Checked(checked) {}
 
@@ -146,6 +248,7 @@ struct TabStrip {
   explicit TabStrip(int tabs) : Tab(0, tabs - 1, 0) {}
 
   BoundedProperty Tab;
+  Event GotFocus;  ///< the row of tabs itself has got the keyboard's focus
 };
 
 }  // namespace monitra::controls

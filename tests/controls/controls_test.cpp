@@ -72,6 +72,33 @@ TEST(PickList, AlwaysHasASelectedEntry) {
   EXPECT_EQ(list.text(), "a");
 }
 
+TEST(OptionButton, ClicksOnceTheOthersOfItsGroupAreNoLongerSelected) {
+  OptionButton a, b;
+  a.others = {&b};
+  b.others = {&a};
+  Log log;
+  a.Click.handle([&] { log.push_back(b.Value ? "a beside b" : "a alone"); });
+  b.Click.handle([&] { log.push_back(a.Value ? "b beside a" : "b alone"); });
+  a.click();
+  a.click();
+  b.Value = true;
+  EXPECT_EQ(log, (Log{"a alone", "b alone"}));
+}
+
+TEST(HoldButton, ComesUpOnceHoweverOftenItWentDown) {
+  HoldButton button;
+  Log log;
+  button.MouseDown.handle([&] { log.emplace_back("down"); });
+  button.MouseUp.handle([&] { log.emplace_back("up"); });
+  button.release();
+  for (int twice = 0; twice < 2; ++twice) button.press();
+  for (int twice = 0; twice < 2; ++twice) button.release();
+  button.press();
+  button.Enabled = false;
+  button.press();
+  EXPECT_EQ(log, (Log{"down", "down", "up", "down", "up"}));
+}
+
 TEST(UserActions, DoNothingOnALockedOrDisabledControl) {
   TextBox box("24", true);
   box.type("99");
