@@ -7,7 +7,7 @@
 
 namespace monitra::bench {
 
-/// The controls of the pulse generator that a restart keeps.
+/// The controls of the pulse generator, with the values of the window description.
 struct JogPanel {
   JogPanel() {
     Invert[0].Caption = "X invertálása";
@@ -15,8 +15,21 @@ struct JogPanel {
     Invert[2].Caption = "Z invertálása";
   }
 
+  /// Lets every held jog button come up.
+  void releaseAll() {
+    for (int i = Mozg.first; i < Mozg.end; ++i) Mozg[i].release();
+  }
+
+  struct JogButton : controls::HoldButton {
+    JogButton() : HoldButton(false) {}
+  };
+
   controls::TextBox Seb{"100"};                             ///< steps per second
   controls::IndexedArray<controls::CheckBox, 0, 3> Invert;  ///< direction of X, Y, Z swapped
+  controls::ToggleButton Impulzus;                          ///< in: the generator is on
+  controls::ToggleButton SpindleGomb{false};
+  controls::IndexedArray<JogButton, 0, 6> Mozg;  ///< two for each of X, Y, Z
+  controls::Timer Timer1;
 };
 
 }  // namespace monitra::bench

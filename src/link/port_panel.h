@@ -7,6 +7,10 @@ namespace monitra::link {
 
 /// The controls of the port and the board, with the values of the window description.
 struct PortPanel {
+  void enableBits(bool enabled) {
+    for (int i = Bitcim.first; i < Bitcim.end; ++i) Bitcim[i].Enabled = enabled;
+  }
+
   controls::PickList LPT{{"&H378", "&H278", "&H3BC"}};
   controls::Label Cim1{"Cím"};
   controls::Label Cim2{"Cím"};

@@ -1,6 +1,7 @@
 #include "shell/event_texts.h"
 
 #include "store/pwm_format.h"
+#include "timing/numbers.h"
 
 namespace monitra::shell {
 
@@ -22,6 +23,18 @@ std::string openingText(const store::OpenResult& result) {
 
 std::string savingText(Failure failure, const std::string& path) {
   return failure == Failure::None ? "Mentve: " + path : std::string{};
+}
+
+std::string generatorText(int interval) {
+  if (interval == 0) return "Ekkora sebességnél nem jön impulzus: adjon meg 2000-nél kisebbet!";
+  constexpr int characters = 5;
+  return "Az impulzusgenerátor üteme " + std::to_string(interval) + " ms, azaz " +
+         timing::Levag(1000.0 / interval, characters) + " lépés/másodperc.";
+}
+
+std::string missingPermitText(bool firstGiven) {
+  return firstGiven ? "150% fölé a második engedély is kell: jelölje be, ha a táp bírja!"
+                    : "100% fölé engedély kell: jelölje be az elsőt, ha a táp bírja!";
 }
 
 std::string damagedPreferencesText() {

@@ -12,6 +12,12 @@ namespace monitra::shell {
 std::string openingText(const store::OpenResult& result);
 std::string savingText(platform::Failure failure, const std::string& path);
 
+/// The pulse generator runs with this interval in milliseconds; 0: it never ticks.
+std::string generatorText(int interval);
+
+/// The load test needs a permit to go on: the first one, or where that is given the second.
+std::string missingPermitText(bool firstGiven);
+
 /// To be shown at the start where the stored preferences could not be read.
 std::string damagedPreferencesText();
 

@@ -22,6 +22,10 @@ Lap::Lap(Outside outside)
       port_(port, [this](link::Pcb pcb) { preferences_.saveBoard(pcb == link::Pcb::V4x); }),
       line_(port_, outside_.registers, outside_.sleeper),
       frames_(line_),
+      generator_(jog, port, port_, outside_.registers),
+      bitOutput_(bits, jog, port, port_, outside_.registers),
+      loadTest_(load, phases, frames_, outside_.Beep),
+      phaseTest_(phases, loadTest_, frames_),
       upload_(setup, line_, outside_.box),
       files_(
           {outside_.Fileablak, outside_.files, outside_.codePage, outside_.box, outside_.program},
@@ -30,7 +34,17 @@ Lap::Lap(Outside outside)
   MFSetMent.Click.handle([this] { saveSetup(); });
   MFkilepes.Click.handle([this] { MFkilepes_Click(); });
   SSTab1.Tab.handle([this] { SSTab1_Click(); });
+  SSTab1.GotFocus.handle([this] { SSTab1_GotFocus(); });
   upload_.begun.handle([this] { Esemeny.Caption = ""; });
+  bindBench();
+}
+
+void Lap::bindBench() {
+  generator_.switched.handle([this] {
+    Esemeny.Caption = jog.Impulzus.Value ? generatorText(jog.Timer1.Interval) : std::string{};
+  });
+  loadTest_.changed.handle([this] { Esemeny.Caption = ""; });
+  loadTest_.refused.handle([this] { Esemeny.Caption = missingPermitText(load.TulH.Checked); });
 }
 
 void Lap::Form_Load() {
@@ -38,6 +52,7 @@ void Lap::Form_Load() {
   kozos.VerAl = "0";
   kozos.VerRev = "3";
   kozos.Modositott = 0;
+  loadTest_.TapLepes = 0;
   port.LPT.ListIndex = preferences_.lptIndex();
   jog.Seb.Text = preferences_.seb();
   for (int n = 0; n < 3; ++n) jog.Invert[n].Checked = preferences_.inverted(n);
@@ -70,6 +85,7 @@ void Lap::loadInfo() {
 }
 
 void Lap::Form_Unload() {
+  jog.releaseAll();
   if (kozos.Modositott != 0 &&
       outside_.box.MsgBox("Nem mentette a beállításokat!\r\nBefejezés előtt akarja ezeket menteni?",
                           box_style::question | box_style::yesNo) == BoxAnswer::Yes) {
@@ -80,6 +96,7 @@ void Lap::Form_Unload() {
 
 void Lap::endWithoutQuestion() {
   if (std::exchange(ended_, true)) return;
+  jog.releaseAll();
   frames_.allMotorsOff();
   preferences_.save(port.LPT.ListIndex, jog.Seb.Text,
                     {jog.Invert[0].Checked, jog.Invert[1].Checked, jog.Invert[2].Checked});
@@ -93,6 +110,10 @@ void Lap::MFkilepes_Click() {
 void Lap::SSTab1_Click() {
   constexpr int pcLink = 2;
   if (SSTab1.Tab == pcLink) line_.SorosAlap();
+}
+
+void Lap::SSTab1_GotFocus() {
+  generator_.SSTab1_GotFocus();
 }
 
 void Lap::openSetup() {

@@ -3,7 +3,10 @@
 #include <functional>
 #include <string>
 
-#include "bench/jog_panel.h"
+#include "bench/bit_output.h"
+#include "bench/load_test.h"
+#include "bench/phase_test.h"
+#include "bench/pulse_generator.h"
 #include "controls/controls.h"
 #include "link/command_frames.h"
 #include "link/port_panel.h"
@@ -63,6 +66,7 @@ class Lap {
 
   void MFkilepes_Click();
   void SSTab1_Click();
+  void SSTab1_GotFocus();
 
   /// For a caller that needs to know how an operation went.
   link::Upload& upload() { return upload_; }
@@ -74,6 +78,9 @@ class Lap {
   timing::SetupPanel setup;
   link::PortPanel port;
   bench::JogPanel jog;
+  bench::BitPanel bits;
+  bench::PhasePanel phases;
+  bench::LoadPanel load;
 
   controls::TabStrip SSTab1{4};
   controls::MenuEntry MFSetNyit;
@@ -87,6 +94,7 @@ class Lap {
   controls::Label Esemeny;
 
  private:
+  void bindBench();
   void openSetup();
   void saveSetup();
   void loadInfo();
@@ -100,6 +108,10 @@ class Lap {
   link::PortSelection port_;
   link::SerialLine line_;
   link::CommandFrames frames_;
+  bench::PulseGenerator generator_;
+  bench::BitOutput bitOutput_;
+  bench::LoadTest loadTest_;
+  bench::PhaseTest phaseTest_;
   link::Upload upload_;
   store::SetupFiles files_;
   bool ended_ = false;

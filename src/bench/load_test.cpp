@@ -1,0 +1,110 @@
+#include "bench/load_test.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "timing/numbers.h"
+
+namespace monitra::bench {
+
+namespace colour = controls::colour;
+
+namespace {
+
+/// Steps up to which a permit is not needed, and up to which the first one is enough.
+constexpr int fullLoad = 6;
+constexpr int firstPermit = 9;
+constexpr int warningAbove = 7;
+
+controls::Colour loadColour(int step) {
+  if (step <= fullLoad) return colour::green;
+  return step <= firstPermit ? colour::yellow : colour::red;
+}
+
+/// Each step switches on the next line: the first line of X, Y and Z, then the second of each ...
+std::uint8_t loadMotor(int step) {
+  constexpr std::uint8_t motors[] = {link::MotorX, link::MotorY, link::MotorZ};
+  return motors[(step - 1) % 3];
+}
+std::uint8_t loadLine(int step) {
+  constexpr std::uint8_t lines[] = {link::FazisL1, link::FazisL2, link::FazisL3, link::FazisL4};
+  return lines[(step - 1) / 3];
+}
+
+}  // namespace
+
+std::string loadText(int step) {
+  constexpr int characters = 6;
+  return timing::numberText(step / 6.0 * 100).substr(0, characters) + "%";
+}
+
+int loadLevel(int step) {
+  return timing::wholeNumber(step * 8.334);
+}
+
+LoadTest::LoadTest(LoadPanel& panel, PhasePanel& phases, link::CommandFrames& frames,
+                   std::function<void()> Beep)
+    : panel_(panel), phases_(phases), frames_(frames), Beep_(std::move(Beep)) {
+  panel_.TapFel.Click.handle([this] { TapFel_Click(); });
+  panel_.TapStop.Click.handle([this] { TapStop_Click(); });
+}
+
+void LoadTest::TapFel_Click() {
+  panel_.TapFel.Enabled = false;
+  panel_.LEDsav.Limit2 = 75;
+  panel_.LEDsav.Limit1 = 50;
+  endPhaseTest();
+  if (permitted()) {
+    loadOneMore();
+    changed.raise();
+  } else {
+    Beep_();
+    refused.raise();
+  }
+  panel_.TapFel.Enabled = true;
+}
+
+void LoadTest::endPhaseTest() {
+  for (int motor = 0; motor < 3; ++motor) {
+    controls::OptionButton& off = phases_.L[phaseIndex(motor, RowOff)];
+    if (off.Value) continue;
+    off.Value = true;
+    TapLepes = 0;
+  }
+}
+
+bool LoadTest::permitted() const {
+  if (TapLepes >= fullLoad && !panel_.TulH.Checked) return false;
+  return TapLepes < firstPermit || panel_.Teh200.Checked;
+}
+
+void LoadTest::loadOneMore() {
+  TapLepes = static_cast<std::uint8_t>(std::min(TapLepes + 1, loadSteps));
+  panel_.LEDsav.Level = loadLevel(TapLepes);
+  warn(TapLepes > warningAbove);
+  frames_.KeretKuld(loadMotor(TapLepes), loadLine(TapLepes));
+  panel_.Taptext.ForeColor = loadColour(TapLepes);
+  panel_.Taptext.Text = loadText(TapLepes);
+}
+
+void LoadTest::TapStop_Click() {
+  panel_.TapFel.Enabled = false;
+  panel_.LEDsav.Level = 0;
+  TapLepes = 0;
+  frames_.allMotorsOff();
+  panel_.Taptext.ForeColor = colour::green;
+  panel_.Taptext.Text = "0%";
+  panel_.TulH.Checked = false;
+  panel_.Teh200.Checked = false;
+  warn(false);
+  panel_.TapFel.Enabled = true;
+  changed.raise();
+}
+
+void LoadTest::warn(bool on) {
+  panel_.Figy.Enabled = on;
+  panel_.Figy2.Enabled = on;
+  panel_.Figy2.BackColor = on ? colour::red : colour::buttonFace;
+}
+
+}  // namespace monitra::bench

@@ -1,0 +1,323 @@
+#include <gtest/gtest.h>
+#include <random>
+#include <set>
+#include <sstream>
+#include <utility>
+
+#include "bench/bit_output.h"
+#include "bench/pulse_generator.h"
+#include "support/journal.h"
+
+namespace monitra::bench {
+namespace {
+
+using link::Pcb;
+using support::hex;
+using support::Journal;
+
+/// The tab "Teszt" without its window, with the first port selected and board V4.x.
+struct Jog : testing::Test {
+  Jog() { port.PcbAlkalmaz(Pcb::V4x); }
+
+  /// The journal of what has happened since the last call, in one line.
+  std::string seen() {
+    std::string line;
+    for (const std::string& entry : std::exchange(journal, {})) line += entry + " ";
+    return line;
+  }
+  std::string tick() {
+    panel.Timer1.tick();
+    return seen();
+  }
+  /// Everything that the generator switches.
+  std::string state() {
+    std::string text = panel.Impulzus.Value ? "in" : "out";
+    text += panel.Timer1.Enabled ? " ticks " : " still ";
+    for (int i = 0; i < 6; ++i) text += panel.Mozg[i].Enabled ? '1' : '0';
+    text += ' ';
+    for (int i = 0; i < 9; ++i) text += ports.Bitcim[i].Enabled ? '1' : '0';
+    return text + (panel.SpindleGomb.Enabled ? " 1" : " 0") + (panel.SpindleGomb.Value ? "1" : "0");
+  }
+
+  Journal journal;
+  support::JournalPort registers{journal};
+  JogPanel panel;
+  BitPanel bits;
+  link::PortPanel ports;
+  link::PortSelection port{ports, [](Pcb) {}};
+  PulseGenerator generator{panel, ports, port, registers};
+  BitOutput output{bits, panel, ports, port, registers};
+};
+
+const std::string running = "in ticks 111111 000000000 10";
+const std::string stopped = "out still 000000 111111111 00";
+
+TEST(TimerInterval, IsTheNearestMillisecondAndTheEvenOneAtATie) {
+  for (const auto& [rate, interval] :
+       {std::pair(1.0, 1000), std::pair(3.0, 333), std::pair(100.0, 10), std::pair(400.0, 2),
+        std::pair(80.0, 12), std::pair(16.0, 62), std::pair(3.2, 312), std::pair(1000.0, 1),
+        std::pair(1500.0, 1), std::pair(1999.0, 1), std::pair(2000.0, 0), std::pair(1e9, 0)}) {
+    EXPECT_EQ(timerInterval(rate), interval) << rate;
+  }
+}
+
+TEST_F(Jog, StartsAtTheRateInTheBoxAndCorrectsOneThatIsNone) {
+  EXPECT_EQ(state(), stopped);
+  for (const auto& [typed, text, interval] :
+       {std::tuple("250", "250", 4), std::tuple("0", "1", 1000), std::tuple("abc", "1", 1000),
+        std::tuple("", "1", 1000), std::tuple("0.9", "1", 1000), std::tuple("-5", "1", 1000),
+        std::tuple("1.5", "1.5", 667), std::tuple("5000", "5000", 0)}) {
+    panel.Seb.type(typed);
+    panel.Impulzus.click();
+    EXPECT_EQ(panel.Seb.Text.get() + " " + std::to_string(panel.Timer1.Interval),
+              text + (" " + std::to_string(interval)));
+    EXPECT_EQ(state(), running);
+    panel.Mozg[0].press();
+    EXPECT_EQ(tick() == "", interval == 0);
+    panel.Impulzus.click();
+    EXPECT_EQ(state(), stopped);
+    EXPECT_EQ(tick(), "") << "stopping writes nothing, and no tick follows";
+  }
+}
+
+TEST_F(Jog, EachButtonGivesItsPulseOnBothBoardsInBothDirections) {
+  const std::string rows[2][6] = {
+      {"10 10 10 90 90 90 10 10", "80 80 80 0 0", "20 20 20 22 22 22 20 20", "2 2 2 0 0",
+       "4 4 4 44 44 44 4 4", "40 40 40 0 0"},
+      {"4 4 4 44 44 44 4 4", "40 40 40 0 0", "20 20 20 30 30 30 20 20", "10 10 10 0 0",
+       "80 80 80 82 82 82 80 80", "2 2 2 0 0"}};
+  panel.Impulzus.click();
+  for (const Pcb pcb : {Pcb::V32, Pcb::V4x}) {
+    port.PcbAlkalmaz(pcb);
+    for (const bool inverted : {false, true}) {
+      for (int axis = 0; axis < 3; ++axis) panel.Invert[axis].Checked = inverted;
+      for (int i = 0; i < 6; ++i) {
+        std::string expected = "r37A w37A=2 ";
+        for (std::istringstream row(rows[pcb == Pcb::V4x][inverted ? i ^ 1 : i]); row;) {
+          std::string byte;
+          if (row >> byte) expected += "w378=" + byte + " ";
+        }
+        panel.Mozg[i].press();
+        EXPECT_EQ(tick(), expected) << i;
+        EXPECT_EQ(tick(), expected) << "one pulse for each tick";
+        panel.Mozg[i].release();
+        EXPECT_EQ(tick(), "r37A w37A=2 ") << "no button, no pulse";
+      }
+    }
+  }
+}
+
+TEST_F(Jog, TheLowerFlagGoesFirstAndOneReleaseClearsBoth) {
+  panel.Impulzus.click();
+  panel.Mozg[5].press();
+  panel.Mozg[3].press();
+  EXPECT_EQ(tick(), "r37A w37A=2 w378=10 w378=10 w378=10 w378=0 w378=0 ");
+  panel.Mozg[5].release();
+  EXPECT_EQ(tick(), "r37A w37A=2 ");
+  panel.Mozg[3].release();
+  panel.Mozg[3].press();
+  EXPECT_EQ(generator.MozgJel[3], -1);
+}
+
+TEST_F(Jog, InversionIsReadAtThePress) {
+  panel.Impulzus.click();
+  panel.Mozg[1].press();
+  panel.Invert[0].click();
+  EXPECT_EQ(tick(), "r37A w37A=2 w378=40 w378=40 w378=40 w378=0 w378=0 ");
+  panel.Mozg[1].release();
+  panel.Mozg[1].press();
+  EXPECT_EQ(tick(), "r37A w37A=2 w378=4 w378=4 w378=4 w378=44 w378=44 w378=44 w378=4 w378=4 ");
+}
+
+TEST_F(Jog, SpindleBitFollowsItsToggleAndTheOtherBitsStay) {
+  registers.values[0x37A] = 0x0D;
+  panel.SpindleGomb.click();
+  panel.Impulzus.click();
+  EXPECT_EQ(tick(), "r37A w37A=F ");
+  panel.SpindleGomb.click();
+  EXPECT_EQ(seen() + tick() + tick(), "r37A w37A=D r37A w37A=D ");
+  panel.Impulzus.click();
+  EXPECT_EQ(state(), stopped);
+  EXPECT_EQ(registers.values[0x37A], 0x0D) << "the relay stays as it was";
+}
+
+TEST_F(Jog, EveryWayOfStoppingWhileAButtonIsHeld) {
+  ports.Bitcim[0].click();
+  ports.Bitcim[7].click();
+  ports.Bitcim[8].click();
+  const auto note = [this](const char* name, const auto& property) {
+    return [this, name, &property] { journal.push_back(name + std::string(property ? "+" : "-")); };
+  };
+  panel.Timer1.Enabled.observe(note("timer", panel.Timer1.Enabled));
+  panel.Impulzus.Value.observe(note("generator", panel.Impulzus.Value));
+  panel.SpindleGomb.Value.observe(note("spindle", panel.SpindleGomb.Value));
+  ports.Cim1.Caption.observe([this] { journal.push_back(ports.Cim1.Caption); });
+  ports.Cim2.Caption.observe([this] { journal.push_back(ports.Cim2.Caption); });
+  const std::pair<std::function<void()>, const char*> ways[] = {
+      {[this] { panel.Impulzus.click(); }, "generator- timer- spindle- "},
+      {[this] { panel.Seb.type("101"); }, "generator- timer- spindle- "},
+      {[this] { generator.SSTab1_GotFocus(); }, "timer- generator- spindle- "},
+      {[this] { bits.Kuld.click(); }, "H378 H37A generator- timer- spindle- w378=81 w37A=2 "},
+      {[this] { bits.Torles.click(); }, "timer- generator- spindle- H378 H37A w378=0 w37A=0 "}};
+  for (const auto& [stop, expected] : ways) {
+    ports.Cim1.Caption = ports.Cim2.Caption = "Cím";
+    panel.Impulzus.click();
+    panel.SpindleGomb.click();
+    panel.Mozg[2].press();
+    panel.Timer1.tick();
+    journal.clear();
+    stop();
+    EXPECT_EQ(seen(), expected);
+    EXPECT_EQ(state(), stopped);
+    EXPECT_FALSE(panel.Mozg[2].Held) << "a button that is disabled comes up";
+    panel.Impulzus.click();
+    journal.clear();
+    EXPECT_EQ(tick(), "r37A w37A=2 ") << "nothing of the old press is left";
+    panel.Impulzus.click();
+  }
+}
+
+TEST_F(Jog, BoardChangeTakesEffectAtTheNextTickAndPortChangeAtTheNextStart) {
+  panel.Impulzus.click();
+  panel.Mozg[4].press();
+  const std::string v4x =
+      "r37A w37A=2 w378=80 w378=80 w378=80 w378=82 w378=82 w378=82 w378=80 w378=80 ";
+  EXPECT_EQ(tick(), v4x);
+  port.Mpcb32_Click();
+  EXPECT_EQ(seen(), "");
+  EXPECT_EQ(tick(), "r37A w37A=2 w378=4 w378=4 w378=4 w378=44 w378=44 w378=44 w378=4 w378=4 ");
+  port.Mpcb40_Click();
+  ports.LPT.select(2);
+  EXPECT_EQ(tick(), v4x);
+  for (int twice = 0; twice < 2; ++twice) panel.Impulzus.click();
+  panel.Mozg[5].press();
+  EXPECT_EQ(tick(), "r3BE w3BE=2 w3BC=2 w3BC=2 w3BC=2 w3BC=0 w3BC=0 ");
+  EXPECT_EQ(ports.Cim1.Caption.get(), "Cím");
+}
+
+TEST_F(Jog, BitOutputWritesWholeRegistersAndLeavesTheTicks) {
+  EXPECT_EQ((bits.Kuld.click(), seen()), "w378=0 w37A=0 ");
+  for (const Pcb pcb : {Pcb::V32, Pcb::V4x}) {
+    port.PcbAlkalmaz(pcb);
+    for (int i = 0; i < 9; ++i) {
+      ports.Bitcim[i].click();
+      EXPECT_EQ((bits.Kuld.click(), seen()),
+                "w378=" + hex(i < 8 ? 1 << i : 0) + " w37A=" + (i == 8 ? "2 " : "0 "));
+      EXPECT_EQ((bits.Torles.click(), seen()), "w378=0 w37A=0 ");
+      EXPECT_TRUE(ports.Bitcim[i].Checked);
+      ports.Bitcim[i].click();
+    }
+  }
+  ports.LPT.select(1);
+  EXPECT_EQ((bits.Torles.click(), seen()), "w278=0 w27A=0 ");
+  EXPECT_EQ(ports.Cim1.Caption.get() + ports.Cim2.Caption.get(), "H278H27A");
+}
+
+/// What may be on the port after each of the user's actions, told again in a few lines.
+struct Model {
+  bool on = false, ticks = false, spindle = false, v4x = true;
+  int lpt = 0, used = 0;
+  std::set<int> held, flags;
+  std::array<bool, 3> inverted{};
+
+  void stop() { on = spindle = false, held.clear(), flags.clear(); }
+
+  std::string tick() const {
+    if (!on || !ticks) return "";
+    const char* const data[] = {"w378=", "w278=", "w3BC="};
+    const char* const control[] = {"37A", "27A", "3BE"};
+    std::string line =
+        std::string("r") + control[used] + " w" + control[used] + (spindle ? "=0 " : "=2 ");
+    if (flags.empty()) return line;
+    const int axis = *flags.begin() / 2;
+    constexpr int steps[2][3] = {{0x80, 0x02, 0x40}, {0x40, 0x10, 0x02}};
+    constexpr int dirs[2][3] = {{0x10, 0x20, 0x04}, {0x04, 0x20, 0x80}};
+    const int step = steps[v4x][axis];
+    const int dir = *flags.begin() % 2 == 0 ? dirs[v4x][axis] : 0;
+    for (const auto& [value, times] :
+         {std::pair(dir, dir != 0 ? 3 : 0), std::pair(dir | step, 3), std::pair(dir, 2)}) {
+      for (int n = 0; n < times; ++n) line += data[used] + hex(value) + " ";
+    }
+    return line;
+  }
+};
+
+TEST_F(Jog, NoOrderOfEventsGivesAPulseWithoutAHeldButtonAndTheGeneratorOn) {
+  std::mt19937 random(20);
+  Model model;
+  std::string seb = panel.Seb.Text;
+  int pulses = 0;
+  for (int n = 0; n < 200000; ++n) {
+    const auto draw = [&random](int count) { return static_cast<int>(random() % unsigned(count)); };
+    const int i = draw(6);
+    std::string expected;
+    switch (draw(16)) {
+      case 0:
+      case 1:
+      case 2:
+        panel.Mozg[i].press();
+        if (!model.on) break;
+        model.held.insert(i);
+        model.flags.insert(model.inverted[i / 2] ? i ^ 1 : i);
+        break;
+      case 3:
+        panel.Mozg[i].release();
+        if (model.held.erase(i) != 0) model.flags.clear();
+        break;
+      case 4:
+        panel.releaseAll();
+        model.held.clear(), model.flags.clear();
+        break;
+      case 5:
+        generator.SSTab1_GotFocus();
+        model.stop();
+        break;
+      case 6:
+        panel.Seb.type(draw(2) == 0 ? "100" : std::to_string(draw(3000)));
+        if (panel.Seb.Text.get() != seb) model.stop();
+        break;
+      case 7:
+      case 8:
+        panel.Impulzus.click();
+        model.on ? model.stop() : void(model.on = true);
+        model.used = model.lpt;
+        model.ticks = std::stod(panel.Seb.Text) < 2000;
+        break;
+      case 9:
+        (i % 2 == 0 ? bits.Kuld : bits.Torles).click();
+        model.stop();
+        model.used = model.lpt;
+        expected = std::array{"w378=0 w37A=0 ", "w278=0 w27A=0 ", "w3BC=0 w3BE=0 "}[model.lpt];
+        break;
+      case 10:
+        panel.Invert[i / 2].click();
+        model.inverted[i / 2] = !model.inverted[i / 2];
+        break;
+      case 11:
+        panel.SpindleGomb.click();
+        if (model.on) model.spindle = !model.spindle;
+        break;
+      case 12:
+        port.PcbAlkalmaz((model.v4x = !model.v4x) ? Pcb::V4x : Pcb::V32);
+        break;
+      case 13:
+        ports.LPT.select(model.lpt = i / 2);
+        break;
+      default:
+        expected = model.tick();
+        panel.Timer1.tick();
+        if (expected.size() > 20) ++pulses;
+        ASSERT_TRUE(expected.size() < 20 || (model.on && !model.held.empty()));
+    }
+    seb = panel.Seb.Text;
+    ASSERT_EQ(seen(), expected) << "at event " << n;
+    ASSERT_EQ(panel.Impulzus.Value, model.on);
+    for (int button = 0; button < 6; ++button) {
+      ASSERT_EQ(panel.Mozg[button].Held, model.held.count(button) != 0);
+    }
+  }
+  EXPECT_GT(pulses, 1000) << "the fuzz must reach what it is about";
+}
+
+}  // namespace
+}  // namespace monitra::bench
