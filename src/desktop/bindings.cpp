@@ -3,15 +3,21 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
+#include <QGroupBox>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSignalBlocker>
+#include <QTabBar>
 #include <QTabWidget>
 
+#include "desktop/jog_button.h"
 #include "desktop/spin_arrows.h"
 #include "desktop/text.h"
 
@@ -38,6 +44,42 @@ void mirrorList(List* widget, controls::PickList& control, void (List::*show)(in
   mirrorEnabled(widget, control.Enabled);
 }
 
+/// Shows a colour that the program has set; one of the desktop's own is left to the theme.
+void mirrorColour(QWidget* widget, controls::Property<controls::Colour>& colour,
+                  QPalette::ColorRole role) {
+  const auto isSet = [&colour] { return (colour & 0x80000000U) == 0; };
+  const auto show = [widget, &colour, role, isSet] {
+    const controls::Colour value = colour;
+    QPalette colours = widget->palette();
+    colours.setColor(
+        role, isSet() ? QColor(static_cast<int>(value & 0xFF), static_cast<int>(value >> 8 & 0xFF),
+                               static_cast<int>(value >> 16 & 0xFF))
+                      : QGuiApplication::palette().color(role));
+    if (role == QPalette::Window) widget->setAutoFillBackground(isSet());
+    widget->setPalette(colours);
+  };
+  if (isSet()) show();
+  colour.observe(show);
+}
+
+/// Calls a function each time the watched widget gets the focus.
+class FocusWatch : public QObject {
+ public:
+  FocusWatch(QWidget* watched, std::function<void()> gained)
+      : QObject(watched), gained_(std::move(gained)) {
+    watched->installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::FocusIn) gained_();
+    return false;
+  }
+
+ private:
+  std::function<void()> gained_;
+};
+
 }  // namespace
 
 void bind(QWidget* window, controls::Form& form) {
@@ -53,6 +95,7 @@ void bind(QLabel* widget, controls::Label& control) {
   // A label without a parent yet would be shown as a window of its own.
   if (!control.Visible) widget->hide();
   control.Visible.observe([widget, &control] { widget->setVisible(control.Visible); });
+  mirrorColour(widget, control.BackColor, QPalette::Window);
   mirrorEnabled(widget, control.Enabled);
 }
 
@@ -62,6 +105,7 @@ void bind(QLineEdit* widget, controls::TextBox& control) {
     const QString text = toQt(control.Text.get());
     if (widget->text() != text) widget->setText(text);
   });
+  mirrorColour(widget, control.ForeColor, QPalette::Text);
   mirrorEnabled(widget, control.Enabled);
   QObject::connect(widget, &QLineEdit::textEdited, widget,
                    [&control](const QString& text) { control.type(text.toStdString()); });
@@ -86,9 +130,37 @@ void bind(QCheckBox* widget, controls::CheckBox& control) {
   QObject::connect(widget, &QCheckBox::clicked, widget, [&control] { control.click(); });
 }
 
+void bind(QGroupBox* widget, controls::Frame& control) {
+  mirrorEnabled(widget, control.Enabled);
+}
+
 void bind(QPushButton* widget, controls::PushButton& control) {
   mirrorEnabled(widget, control.Enabled);
+  QObject::connect(widget, &QPushButton::clicked, widget, [widget, &control] {
+    const bool focused = widget->hasFocus();
+    control.click();
+    // A button that was disabled for the length of its press has lost the focus to its neighbour,
+    // which the next press of the space bar must not hit.
+    if (focused && widget->isEnabled()) widget->setFocus();
+  });
+}
+
+void bind(QPushButton* widget, controls::ToggleButton& control) {
+  widget->setCheckable(true);
+  mirror(control.Value, [widget, &control] { widget->setChecked(control.Value); });
+  mirrorEnabled(widget, control.Enabled);
   QObject::connect(widget, &QPushButton::clicked, widget, [&control] { control.click(); });
+}
+
+void bind(QRadioButton* widget, controls::OptionButton& control) {
+  mirror(control.Value, [widget, &control] { widget->setChecked(control.Value); });
+  mirrorEnabled(widget, control.Enabled);
+  QObject::connect(widget, &QRadioButton::clicked, widget, [&control] { control.click(); });
+}
+
+void bind(JogButton* widget, controls::HoldButton& control) {
+  mirror(control.Held, [widget, &control] { widget->setDown(control.Held); });
+  mirrorEnabled(widget, control.Enabled);
 }
 
 void bind(QComboBox* widget, controls::PickList& control) {
@@ -115,8 +187,13 @@ void bind(QProgressBar* widget, controls::ProgressBar& control) {
 
 void bind(QTabWidget* widget, controls::TabStrip& control) {
   mirror(control.Tab, [widget, &control] { widget->setCurrentIndex(control.Tab); });
-  QObject::connect(widget, &QTabWidget::currentChanged, widget,
-                   [&control](int index) { control.Tab = index; });
+  widget->tabBar()->setFocusPolicy(Qt::StrongFocus);
+  new FocusWatch(widget->tabBar(), [&control] { control.GotFocus.raise(); });
+  QObject::connect(widget, &QTabWidget::currentChanged, widget, [widget, &control](int index) {
+    // However the user has changed the tab, the focus comes to the row of tabs first.
+    widget->tabBar()->setFocus();
+    control.Tab = index;
+  });
 }
 
 void bind(QAction* action, controls::MenuEntry& control) {

@@ -5,17 +5,20 @@
 class QAction;
 class QCheckBox;
 class QComboBox;
+class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPlainTextEdit;
 class QProgressBar;
 class QPushButton;
+class QRadioButton;
 class QTabWidget;
 class QWidget;
 
 namespace monitra::desktop {
 
+class JogButton;
 class SpinArrows;
 
 /// Each binds a widget to a control: the widget shows the control's present state at once and
@@ -28,7 +31,11 @@ void bind(QLineEdit* widget, controls::TextBox& control);
 void bind(QPlainTextEdit* widget, controls::TextBox& control);
 void bind(SpinArrows* widget, controls::SpinButton& control);
 void bind(QCheckBox* widget, controls::CheckBox& control);
+void bind(QGroupBox* widget, controls::Frame& control);
 void bind(QPushButton* widget, controls::PushButton& control);
+void bind(QPushButton* widget, controls::ToggleButton& control);
+void bind(QRadioButton* widget, controls::OptionButton& control);
+void bind(JogButton* widget, controls::HoldButton& control);
 void bind(QComboBox* widget, controls::PickList& control);
 void bind(QListWidget* widget, controls::PickList& control);
 void bind(QProgressBar* widget, controls::ProgressBar& control);

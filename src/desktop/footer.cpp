@@ -12,16 +12,6 @@
 
 namespace monitra::desktop {
 
-namespace {
-
-void setColour(QWidget* widget, QColor colour) {
-  QPalette colours = widget->palette();
-  colours.setColor(QPalette::WindowText, colour);
-  widget->setPalette(colours);
-}
-
-}  // namespace
-
 StatusLine::StatusLine(std::string_view name, controls::Label& control, QWidget* parent)
     : QLabel(parent) {
   setObjectName(toQt(name));
@@ -63,7 +53,7 @@ Footer::Footer(controls::Label& PortAllapot, controls::Label& Esemeny, QWidget* 
   programFont.setItalic(true);
   program->setFont(programFont);
   program->setAlignment(Qt::AlignCenter);
-  setColour(program, QColor(0x00, 0xC0, 0x00));
+  setTextColour(program, QColor(0x00, 0xC0, 0x00));
   names->addWidget(program, 1);
   auto* maker = new QVBoxLayout;
   maker->setSpacing(0);
@@ -73,7 +63,7 @@ Footer::Footer(controls::Label& PortAllapot, controls::Label& Esemeny, QWidget* 
     font.setPointSizeF(makerPoints);
     font.setBold(true);
     address->setFont(font);
-    setColour(address, QColor(0xE0, 0x20, 0x20));
+    setTextColour(address, QColor(0xE0, 0x20, 0x20));
     maker->addWidget(address);
   }
   names->addLayout(maker);

@@ -10,6 +10,7 @@
 #include "desktop/bindings.h"
 #include "desktop/footer.h"
 #include "desktop/info_tab.h"
+#include "desktop/link_tab.h"
 #include "desktop/setup_tab.h"
 #include "desktop/test_tab.h"
 #include "desktop/text.h"
@@ -75,8 +76,8 @@ QTabWidget* MainWindow::addTabs() {
   auto* tabs = new QTabWidget;
   tabs->setObjectName(QStringLiteral("SSTab1"));
   const auto captions = shell::tabCaptions();
-  QWidget* const pages[] = {new SetupTab(lap_.setup), new TestTab(lap_.jog, lap_.port), new QWidget,
-                            new InfoTab(lap_.InfoT)};
+  QWidget* const pages[] = {new SetupTab(lap_.setup), new TestTab(lap_.jog, lap_.bits, lap_.port),
+                            new LinkTab(lap_.phases, lap_.load), new InfoTab(lap_.InfoT)};
   for (std::size_t i = 0; i < captions.size(); ++i) tabs->addTab(pages[i], toQt(captions[i]));
   bind(tabs, lap_.SSTab1);
   return tabs;

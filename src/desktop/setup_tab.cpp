@@ -12,8 +12,8 @@
 #include <QPushButton>
 #include <array>
 
+#include "desktop/line_drawing.h"
 #include "desktop/spin_arrows.h"
-#include "desktop/timing_diagram.h"
 #include "desktop/widgets.h"
 
 namespace monitra::desktop {
@@ -31,14 +31,6 @@ void makeInstrument(QLineEdit* box) {
   colours.setColor(QPalette::Text, QColor(0x00, 0xF0, 0x40));
   box->setPalette(colours);
   makeBold(box);
-}
-
-QLabel* picture(std::string_view name, int index, const QString& file, QSize size) {
-  auto* label = new QLabel;
-  describe(label, name, index);
-  label->setPixmap(QIcon(file).pixmap(size, label->devicePixelRatio()));
-  label->setFixedSize(size);
-  return label;
 }
 
 constexpr int spinFieldFigures = 6;
@@ -112,7 +104,9 @@ QWidget* SetupTab::diagramRow() {
     if (name == "LineTarso2") return &panel_.LineTarso2;
     return nullptr;
   };
-  row->addWidget(new TimingDiagram(lineControl, scale()));
+  const QRect area(0, 660, 5580, 1440);
+  row->addWidget(
+      new LineDrawing({area, shell::diagramLines(), shell::diagramHeads()}, scale(), lineControl));
   row->addStretch();
 
   auto* state = new QVBoxLayout;
@@ -121,8 +115,7 @@ QWidget* SetupTab::diagramRow() {
   makeBold(edition);
   makeBold(limits);
   state->addStretch();
-  state->addWidget(picture("Picture1", 0, QStringLiteral(":/pictures/motor.svg"), {60, 56}), 0,
-                   Qt::AlignRight);
+  state->addWidget(picture("Picture1", ":/pictures/motor.svg", motorPicture, 0), 0, Qt::AlignRight);
   state->addWidget(edition);
   state->addWidget(limits);
   row->addLayout(state);
@@ -273,8 +266,7 @@ QWidget* SetupTab::wholeStepBoxes() {
 QWidget* SetupTab::uploadRow() {
   auto* widget = new QWidget;
   auto* row = flatRow(widget);
-  auto* button = bound<QPushButton>("Letolt", panel_.Letolt);
-  button->setText(caption("Letolt"));
+  auto* button = wordedButton<QPushButton>("Letolt", panel_.Letolt);
   button->setIcon(QIcon(QStringLiteral(":/pictures/upload.svg")));
   button->setIconSize({24, 24});
   row->addWidget(button);

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+#include "bench/bit_panel.h"
 #include "bench/jog_panel.h"
 #include "link/port_panel.h"
 
@@ -10,11 +11,14 @@ namespace monitra::desktop {
 /// The tab "Teszt". The panels must live as long as the widget.
 class TestTab : public QWidget {
  public:
-  TestTab(bench::JogPanel& jog, link::PortPanel& port, QWidget* parent = nullptr);
+  TestTab(bench::JogPanel& jog, bench::BitPanel& bits, link::PortPanel& port,
+          QWidget* parent = nullptr);
 
  private:
-  QWidget* jogColumn(bench::JogPanel& jog);
-  QWidget* portColumn(link::PortPanel& port);
+  QLayout* jogColumn(bench::JogPanel& jog);
+  QLayout* generatorRow(bench::JogPanel& jog);
+  QLayout* portColumn(link::PortPanel& port);
+  QWidget* bitFrame(bench::BitPanel& bits, link::PortPanel& port);
 };
 
 }  // namespace monitra::desktop

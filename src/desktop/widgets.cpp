@@ -1,7 +1,9 @@
 #include "desktop/widgets.h"
 
 #include <QEvent>
+#include <QGroupBox>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -11,6 +13,20 @@ QHBoxLayout* flatRow(QWidget* parent) {
   auto* row = new QHBoxLayout(parent);
   row->setContentsMargins(0, 0, 0, 0);
   return row;
+}
+
+QGroupBox* wordedFrame(std::string_view name) {
+  auto* frame = new QGroupBox(caption(name));
+  describe(frame, name);
+  return frame;
+}
+
+QLabel* picture(std::string_view name, const char* file, QSize size, int index) {
+  auto* label = new QLabel;
+  describe(label, name, index);
+  label->setPixmap(QIcon(QString::fromUtf8(file)).pixmap(size, label->devicePixelRatio()));
+  label->setFixedSize(size);
+  return label;
 }
 
 QLabel* framedLabel(std::string_view name, controls::Label& control) {
@@ -25,6 +41,13 @@ void makeBold(QWidget* widget) {
   QFont font = widget->font();
   font.setBold(true);
   widget->setFont(font);
+}
+
+void setTextColour(QWidget* label, QColor colour, QColor onDark) {
+  QPalette colours = label->palette();
+  const bool dark = colours.color(QPalette::Window).lightness() < 128;
+  colours.setColor(QPalette::WindowText, dark && onDark.isValid() ? onDark : colour);
+  label->setPalette(colours);
 }
 
 int numberBoxWidth(const QWidget& widget, int characters) {

@@ -1,12 +1,15 @@
 #pragma once
 
+#include <QColor>
 #include <QObject>
+#include <QSize>
 #include <string_view>
 
 #include "controls/controls.h"
 #include "desktop/bindings.h"
 #include "desktop/words.h"
 
+class QGroupBox;
 class QHBoxLayout;
 class QLabel;
 class QLineEdit;
@@ -26,6 +29,21 @@ Widget* bound(std::string_view name, Control& control, int index = -1) {
   return widget;
 }
 
+/// A button of any kind with the fixed caption of the control.
+template <class Button, class Control>
+Button* wordedButton(std::string_view name, Control& control, int index = -1) {
+  auto* button = bound<Button>(name, control, index);
+  button->setText(caption(name));
+  return button;
+}
+
+/// A frame with the fixed caption of the control.
+QGroupBox* wordedFrame(std::string_view name);
+
+/// A picture from the program's resources, in this size.
+QLabel* picture(std::string_view name, const char* file, QSize size, int index = -1);
+inline constexpr QSize motorPicture{60, 56};
+
 /// A label with a border and its text in the middle.
 QLabel* framedLabel(std::string_view name, controls::Label& control);
 
@@ -40,6 +58,9 @@ int numberBoxWidth(const QWidget& widget, int characters);
 QHBoxLayout* flatRow(QWidget* parent = nullptr);
 
 void makeBold(QWidget* widget);
+
+/// The colour of a label's text, or where the theme is dark the second one, if there is one.
+void setTextColour(QWidget* label, QColor colour, QColor onDark = {});
 
 /// An event filter that keeps the wheel from a widget without the focus, whose value it would
 /// change unnoticed.

@@ -71,13 +71,79 @@ constexpr std::array words{
     ControlWords{"Bar", "", ""},
 
     // Teszt
-    ControlWords{"Label18", "Sebesség:", ""},
-    ControlWords{"Seb", "", ""},
-    ControlWords{"Label17", "Lépés/másodperc", ""},
+    ControlWords{"Label20", "Szolid vezérlési teszt", ""},
+    ControlWords{"Label30", "Ne használja PC-Link módban!",
+                 "A teszt összeakadhat a PC-Link alatti kommunikációval!"},
+    ControlWords{"Label16(0)", "Z", ""},
+    ControlWords{"Label16(1)", "Y", ""},
+    ControlWords{"Label16(2)", "X", ""},
+    ControlWords{"Mozg(0)", "", "X tengely"},
+    ControlWords{"Mozg(1)", "", "X tengely"},
+    ControlWords{"Mozg(2)", "", "Y tengely"},
+    ControlWords{"Mozg(3)", "", "Y tengely"},
+    ControlWords{"Mozg(4)", "", "Z tengely"},
+    ControlWords{"Mozg(5)", "", "Z tengely"},
     ControlWords{"Invert", "", "irány váltás"},
+    ControlWords{"SpindleGomb", "Marómotor (relé)", ""},
+    ControlWords{"Label18", "Sebesség:", ""},
+    ControlWords{"Label17", "Lépés/másodperc", ""},
+    ControlWords{"Seb", "", ""},
+    ControlWords{"Impulzus", "Impulzus engedély", "Impulzus generátor ingedélyezése"},
     ControlWords{"Label19", "LPT port:", ""},
     ControlWords{"LPT", "", "Nyomtató port címe"},
+    ControlWords{"Picture2(0)", "", "Kommunikáció módja PCB verziójának megfelelően!"},
     ControlWords{"PCBV", "", ""},
+    ControlWords{"Frame4", "Direkt bit beállítás:", ""},
+    ControlWords{"Cim1", "", ""},
+    ControlWords{"Bitcim", "", ""},
+    ControlWords{"Cim2", "", ""},
+    ControlWords{"Bitcim(8)", "", "Relé"},
+    ControlWords{"Kuld", "Kiküldés", "Bitek kiüldése"},
+    ControlWords{"Torles", "0 (low) Kiküldés", "Bitek nullázása"},
+
+    // PC-Link
+    ControlWords{"Label24",
+                 "Motor egyirányú forgásához tartozó helyes fázis sorrend keresés és FET teszt.",
+                 ""},
+    ControlWords{"Label27", "Használatához a vezérlőt állítsa át PC-Link üzemmódba!", ""},
+    ControlWords{"Frame5", "X Motor Gerjesztés:", ""},
+    ControlWords{"Frame6", "Y Motor Gerjesztés:", ""},
+    ControlWords{"Frame7", "Z Motor Gerjesztés:", ""},
+    ControlWords{"Label26", "Fázis (sorkapocs)", ""},
+    ControlWords{"L(0)", "L1 (CON17)", ""},
+    ControlWords{"L(1)", "+   (CON18)", ""},
+    ControlWords{"L(2)", "L2 (CON19)", ""},
+    ControlWords{"L(3)", "L3 (CON20)", ""},
+    ControlWords{"L(4)", "+   (CON21)", ""},
+    ControlWords{"L(5)", "L4 (CON22)", ""},
+    ControlWords{"L(6)", " Ki", ""},
+    ControlWords{"L(7)", "Ki", ""},
+    ControlWords{"L(8)", "L4 (CON28)", ""},
+    ControlWords{"L(9)", "+   (CON27)", ""},
+    ControlWords{"L(10)", "L3 (CON26)", ""},
+    ControlWords{"L(11)", "L2 (CON25)", ""},
+    ControlWords{"L(12)", "+   (CON24)", ""},
+    ControlWords{"L(13)", "L1 (CON23)", ""},
+    ControlWords{"L(14)", "Ki", ""},
+    ControlWords{"L(15)", "L4 (CON34)", ""},
+    ControlWords{"L(16)", "+   (CON33)", ""},
+    ControlWords{"L(17)", "L3 (CON32)", ""},
+    ControlWords{"L(18)", "L2 (CON31)", ""},
+    ControlWords{"L(19)", "+   (CON30)", ""},
+    ControlWords{"L(20)", "L1 (CON29)", ""},
+    ControlWords{"Leptet", "Léptetés", ""},
+    ControlWords{"Frame8", "Tápegység terhelési teszt:", ""},
+    ControlWords{"TapFel", "Terhelés", ""},
+    ControlWords{"TapStop", "", ""},
+    ControlWords{"Taptext", "", ""},
+    ControlWords{"Label28", "Terhelés", ""},
+    ControlWords{"LEDsav", "", ""},
+    ControlWords{"Label25(0)", "0%", ""},
+    ControlWords{"Label25(1)", "200%", ""},
+    ControlWords{"TulH", "", ""},
+    ControlWords{"Teh200", "", ""},
+    ControlWords{"Figy", "FIGYELEM !", ""},
+    ControlWords{"Figy2", "", ""},
 
     // Infó
     ControlWords{"Label29(0)", "Vilor CNC", ""},
@@ -101,33 +167,45 @@ constexpr std::array words{
 constexpr std::array<std::string_view, 4> tabs{"Motor Setup", "Teszt", "PC-Link", "Infó"};
 
 constexpr std::array lines{
-    DiagramLine{"Line1", 240, 720, 240, 2040},
-    DiagramLine{"Line2", 240, 2040, 5520, 2040},
-    DiagramLine{"Line3", 360, 1680, 720, 1680},
-    DiagramLine{"LineTarso1", 720, 1200, 720, 1680},
-    DiagramLine{"LineTarso2", 720, 1200, 1200, 1200},
-    DiagramLine{"LineVilor1", 720, 1440, 720, 1680},
-    DiagramLine{"LineVilor2", 1200, 1440, 720, 1440},
-    DiagramLine{"LineVilor3", 1200, 1200, 1200, 1440},
-    DiagramLine{"Line11", 1200, 1200, 1200, 1800, true},
-    DiagramLine{"Line4", 2640, 1200, 1200, 1200},
-    DiagramLine{"Line5", 2640, 1680, 2640, 1200},
-    DiagramLine{"Line6", 3840, 1680, 2640, 1680},
-    DiagramLine{"Line7(0)", 3840, 1200, 3840, 1680},
-    DiagramLine{"Line8(0)", 4080, 1200, 3840, 1200},
-    DiagramLine{"Line9(0)", 4080, 1680, 4080, 1200},
-    DiagramLine{"Line10", 5160, 1680, 4080, 1680},
-    DiagramLine{"Line7(1)", 5160, 1200, 5160, 1680},
-    DiagramLine{"Line8(1)", 5400, 1200, 5160, 1200},
-    DiagramLine{"Line9(1)", 5400, 1680, 5400, 1200},
+    DrawnLine{"Line1", 240, 720, 240, 2040},
+    DrawnLine{"Line2", 240, 2040, 5520, 2040},
+    DrawnLine{"Line3", 360, 1680, 720, 1680},
+    DrawnLine{"LineTarso1", 720, 1200, 720, 1680},
+    DrawnLine{"LineTarso2", 720, 1200, 1200, 1200},
+    DrawnLine{"LineVilor1", 720, 1440, 720, 1680},
+    DrawnLine{"LineVilor2", 1200, 1440, 720, 1440},
+    DrawnLine{"LineVilor3", 1200, 1200, 1200, 1440},
+    DrawnLine{"Line11", 1200, 1200, 1200, 1800, true},
+    DrawnLine{"Line4", 2640, 1200, 1200, 1200},
+    DrawnLine{"Line5", 2640, 1680, 2640, 1200},
+    DrawnLine{"Line6", 3840, 1680, 2640, 1680},
+    DrawnLine{"Line7(0)", 3840, 1200, 3840, 1680},
+    DrawnLine{"Line8(0)", 4080, 1200, 3840, 1200},
+    DrawnLine{"Line9(0)", 4080, 1680, 4080, 1200},
+    DrawnLine{"Line10", 5160, 1680, 4080, 1680},
+    DrawnLine{"Line7(1)", 5160, 1200, 5160, 1680},
+    DrawnLine{"Line8(1)", 5400, 1200, 5160, 1200},
+    DrawnLine{"Line9(1)", 5400, 1680, 5400, 1200},
 };
 
 constexpr std::array heads{
-    DiagramHead{"Label2", 960, 1800},
-    DiagramHead{"Label1", 1920, 1800},
-    DiagramHead{"Label3(0)", 2880, 1800},
-    DiagramHead{"Label4(0)", 3840, 1800},
-    DiagramHead{"Label4(1)", 5160, 1800, false},
+    DrawnLabel{"Label2", 960, 1800},
+    DrawnLabel{"Label1", 1920, 1800},
+    DrawnLabel{"Label3(0)", 2880, 1800},
+    DrawnLabel{"Label4(0)", 3840, 1800},
+    DrawnLabel{"Label4(1)", 5160, 1800, false},
+};
+
+constexpr std::array axes{
+    DrawnLine{"Line12", 600, 4560, 600, 2880},
+    DrawnLine{"Line14", 600, 4560, 2280, 2880},
+    DrawnLine{"Line13", 600, 4560, 6960, 4560},
+};
+
+constexpr std::array letters{
+    DrawnLabel{"Label16(0)", 680, 2820},
+    DrawnLabel{"Label16(2)", 2360, 2820},
+    DrawnLabel{"Label16(1)", 6960, 4290},
 };
 
 }  // namespace
@@ -143,12 +221,20 @@ std::span<const std::string_view> tabCaptions() {
   return tabs;
 }
 
-std::span<const DiagramLine> diagramLines() {
+std::span<const DrawnLine> diagramLines() {
   return lines;
 }
 
-std::span<const DiagramHead> diagramHeads() {
+std::span<const DrawnLabel> diagramHeads() {
   return heads;
+}
+
+std::span<const DrawnLine> axisLines() {
+  return axes;
+}
+
+std::span<const DrawnLabel> axisLetters() {
+  return letters;
 }
 
 }  // namespace monitra::shell

@@ -19,24 +19,27 @@ const ControlWords& controlWords(std::string_view name);
 /// Captions of the tabs, in the order of SSTab1.
 std::span<const std::string_view> tabCaptions();
 
-/// A straight line of the timing diagram on the tab "Motor Setup", in twips of the tab's own
-/// space, y growing downwards.
-struct DiagramLine {
+/// A straight line of a drawing, in twips of its tab's own space, y growing downwards.
+struct DrawnLine {
   std::string_view name;
   int x1, y1, x2, y2;
   bool marker = false;  ///< red and dotted
 };
 
-std::span<const DiagramLine> diagramLines();
-
-/// A column head under the diagram: the place of its left edge and top, in the same twips.
-struct DiagramHead {
+/// A label in a drawing: the place of its left edge and top, in the same twips.
+struct DrawnLabel {
   std::string_view name;
   int x, y;
   bool enabled = true;
 };
 
-std::span<const DiagramHead> diagramHeads();
+/// The timing diagram on the tab "Motor Setup", with the heads of the grid's columns.
+std::span<const DrawnLine> diagramLines();
+std::span<const DrawnLabel> diagramHeads();
+
+/// The machine's axes on the tab "Teszt", with their letters.
+std::span<const DrawnLine> axisLines();
+std::span<const DrawnLabel> axisLetters();
 
 /// Client area of the window in twips, 1440 to the inch.
 inline constexpr int clientWidth = 9390;
