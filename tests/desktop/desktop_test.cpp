@@ -19,34 +19,18 @@
 #include <gtest/gtest.h>
 
 #include "desktop/end_watch.h"
-#include "desktop/main_window.h"
 #include "desktop/qt_file_dialog.h"
 #include "desktop/qt_message_box.h"
 #include "desktop/spin_arrows.h"
 #include "desktop/text.h"
-#include "support/program.h"
+#include "support/window.h"
 
 namespace monitra::desktop {
 namespace {
 
 using support::Journal;
 
-struct Desktop : testing::Test, support::Program {
-  Desktop() {
-    lap.Form_Load();
-    window = std::make_unique<MainWindow>(lap);
-    window->showCentred();
-    window->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    journal.clear();
-  }
-
-  template <class Widget>
-  Widget* find(const char* name) {
-    auto* const widget = window->findChild<Widget*>(QString::fromUtf8(name));
-    EXPECT_NE(widget, nullptr) << name;
-    return widget;
-  }
+struct Desktop : support::Window {
   std::string text(const char* label) { return find<QLabel>(label)->text().toStdString(); }
   std::string boxText(const char* field) { return find<QLineEdit>(field)->text().toStdString(); }
   void pressArrow(const char* arrows, Qt::ArrowType type) {
@@ -65,8 +49,6 @@ struct Desktop : testing::Test, support::Program {
                       Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(widget, &event);
   }
-
-  std::unique_ptr<MainWindow> window;
 };
 
 TEST_F(Desktop, ShowsOneWindowOfItsFixedSizeInTheMiddle) {

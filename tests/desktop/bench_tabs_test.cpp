@@ -1,0 +1,282 @@
+#include <QApplication>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+#include "desktop/jog_button.h"
+#include "desktop/led_bar.h"
+#include "desktop/qt_message_box.h"
+#include "desktop/tick_timer.h"
+#include "support/window.h"
+
+namespace monitra::desktop {
+namespace {
+
+using std::chrono::milliseconds;
+
+TEST(TickSchedule, KeepsToItsGridAndMakesUpALateTickWithoutABurst) {
+  // Each row: when the ticks of an interval of 100 µs come, and when the next one is due.
+  const std::pair<std::vector<int>, int> rows[] = {{{100}, 200},
+                                                   {{100, 203, 324}, 400},
+                                                   {{100, 230}, 305},
+                                                   {{100, 350}, 425},
+                                                   {{100, 350, 425, 500, 575}, 650},
+                                                   {{100, 350, 425, 500, 575, 650}, 725},
+                                                   {{50200}, 50275},
+                                                   {{50201}, 50301},
+                                                   {{900000, 900100}, 900200}};
+  for (const auto& [ticks, due] : rows) {
+    using std::chrono::microseconds;
+    TickSchedule schedule(milliseconds(7), microseconds(100));
+    EXPECT_EQ(schedule.due(), milliseconds(7) + microseconds(100));
+    for (const int tick : ticks) schedule.ticked(milliseconds(7) + microseconds(tick));
+    EXPECT_EQ(schedule.due() - milliseconds(7), microseconds(due)) << ticks.back();
+  }
+}
+
+TEST(TickTimer, TicksWhileItIsEnabledWithAnIntervalAboveZero) {
+  controls::Timer timer;
+  const TickTimer ticking(timer);
+  int ticks = 0;
+  timer.Tick.handle([&ticks] { ++ticks; });
+  timer.Interval = 0;
+  timer.Enabled = true;
+  QTest::qWait(20);
+  EXPECT_EQ(ticks, 0);
+  timer.Interval = 1;
+  EXPECT_TRUE(QTest::qWaitFor([&ticks] { return ticks >= 20; }));
+  timer.Enabled = false;
+  const int before = ticks;
+  QTest::qWait(20);
+  EXPECT_EQ(ticks, before);
+  timer.Interval = 60000;
+  timer.Enabled = true;
+  timer.Interval = 2;
+  EXPECT_TRUE(QTest::qWaitFor([&] { return ticks > before; })) << "a new interval starts at once";
+}
+
+struct BenchTabs : support::Window {
+  void showTab(int tab) {
+    find<QTabWidget>("SSTab1")->setCurrentIndex(tab);
+    journal.clear();
+  }
+  void click(const char* name) {
+    auto* const button = find<QAbstractButton>(name);
+    QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
+  }
+  /// The generator on, at a rate that doesn't tick.
+  void startGenerator() {
+    lap.jog.Seb.type("5000");
+    click("Impulzus");
+    EXPECT_TRUE(lap.jog.Impulzus.Value);
+  }
+  bool held() const { return lap.jog.Mozg[2].Held; }
+};
+
+TEST_F(BenchTabs, AHeldJogButtonComesUpWhateverInterruptsIt) {
+  QtMessageBox realBox(QStringLiteral("Monitra Setup"));
+  realBox.setParent(window.get());
+  auto* const jog = find<JogButton>("Mozg(2)");
+  const QPoint middle = jog->rect().center();
+  const auto send = [jog](QEvent::Type type) {
+    QEvent event(type);
+    QApplication::sendEvent(jog, &event);
+  };
+  // What the user sees come up must find the button up already.
+  const auto whenShown = [this](QWidget* (*shown)()) {
+    QTimer::singleShot(0, [this, shown] {
+      EXPECT_FALSE(held());
+      shown()->close();
+    });
+  };
+  const std::pair<const char*, std::function<void()>> interruptions[] = {
+      {"release", [&] { QTest::mouseRelease(jog, Qt::LeftButton, {}, middle); }},
+      {"release outside",
+       [&] {
+         QTest::mouseRelease(jog, Qt::LeftButton, {}, {-90, -90});
+       }},
+      {"a move without a button",
+       [&] {
+         QMouseEvent move(QEvent::MouseMove, middle, jog->mapToGlobal(middle), Qt::NoButton,
+                          Qt::NoButton, Qt::NoModifier);
+         QApplication::sendEvent(jog, &move);
+       }},
+      {"the focus elsewhere", [&] { find<QLineEdit>("Seb")->setFocus(); }},
+      {"lost grab", [&] { send(QEvent::UngrabMouse); }},
+      {"cancelled touch", [&] { send(QEvent::TouchCancel); }},
+      {"minimised", [&] { window->showMinimized(); }},
+      {"hidden", [&] { window->hide(); }},
+      {"another window",
+       [&] {
+         QWidget other;
+         other.show();
+         other.activateWindow();
+         EXPECT_TRUE(QTest::qWaitForWindowActive(&other));
+         EXPECT_FALSE(held());
+       }},
+      {"dialog",
+       [&] {
+         whenShown(&QApplication::activeModalWidget);
+         realBox.MsgBox("?", platform::box_style::okOnly);
+       }},
+      {"menu",
+       [&] {
+         whenShown(&QApplication::activePopupWidget);
+         find<QMenu>("MB")->exec();
+       }},
+      {"generator off", [&] { lap.jog.Impulzus.click(); }},
+      {"tab",
+       [&] { QTest::keyClick(find<QTabWidget>("SSTab1"), Qt::Key_Tab, Qt::ControlModifier); }},
+      {"signal", [&] { lap.endWithoutQuestion(); }},
+      {"close", [&] {
+         lap.setup.FolLe[0].pressUp();
+         box.whileOpen = [this] { EXPECT_FALSE(held()); };
+         window->close();
+         box.whileOpen = nullptr;
+       }}};
+  for (const auto& [name, interrupt] : interruptions) {
+    SCOPED_TRACE(name);
+    window->showNormal();
+    activate();
+    showTab(1);
+    startGenerator();
+    QTest::mousePress(jog, Qt::RightButton, {}, middle);
+    QTest::mouseMove(jog, {-90, -90});
+    EXPECT_TRUE(held() && jog->isDown());
+    interrupt();
+    EXPECT_FALSE(held() || jog->isDown());
+    QTest::mouseRelease(jog, Qt::RightButton, {}, middle);
+    lap.jog.Impulzus.Value = false;
+  }
+}
+
+TEST_F(BenchTabs, TheSpaceBarHoldsAJogButtonAndItsRepeatsDoNot) {
+  showTab(1);
+  startGenerator();
+  auto* const jog = find<JogButton>("Mozg(2)");
+  const auto key = [jog](QEvent::Type type, bool repeat) {
+    QKeyEvent event(type, Qt::Key_Space, Qt::NoModifier, {}, repeat);
+    QApplication::sendEvent(jog, &event);
+  };
+  jog->setFocus();
+  key(QEvent::KeyPress, false);
+  for (const auto type : {QEvent::KeyRelease, QEvent::KeyPress}) key(type, true);
+  QTest::mouseMove(jog, jog->rect().center());
+  EXPECT_TRUE(held());
+  key(QEvent::KeyRelease, false);
+  EXPECT_FALSE(held());
+  key(QEvent::KeyPress, true);
+  EXPECT_FALSE(held()) << "a repeat alone starts nothing";
+}
+
+TEST_F(BenchTabs, TheRowOfTabsStopsTheGeneratorHoweverTheTabIsChanged) {
+  auto* const tabs = find<QTabWidget>("SSTab1");
+  const std::function<void()> ways[] = {
+      [&] {
+        QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, {}, tabs->tabBar()->tabRect(2).center());
+      },
+      [&] {
+        QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, {}, tabs->tabBar()->tabRect(1).center());
+      },
+      [&] { QTest::keyClick(tabs, Qt::Key_Tab, Qt::ControlModifier); },
+      [&] { tabs->tabBar()->setFocus(); }, [&] { tabs->setCurrentIndex(2); }};
+  for (const auto& change : ways) {
+    showTab(1);
+    startGenerator();
+    change();
+    EXPECT_FALSE(lap.jog.Impulzus.Value || lap.jog.Timer1.Enabled);
+    EXPECT_EQ(journal, tabs->currentIndex() == 2 ? (support::Journal{"r378", "w378=0"})
+                                                 : support::Journal{});
+  }
+}
+
+TEST_F(BenchTabs, BoxesAndButtonsReachThePort) {
+  showTab(1);
+  for (const char* name : {"Bitcim(0)", "Bitcim(7)", "Bitcim(8)", "Kuld", "Torles"}) click(name);
+  EXPECT_EQ(journal, (support::Journal{"w378=81", "w37A=2", "w378=0", "w37A=0"}));
+  EXPECT_EQ(find<QLabel>("Cim1")->text() + find<QLabel>("Cim2")->text(), "H378H37A");
+  lap.jog.Seb.type("200");
+  journal.clear();
+  click("Impulzus");
+  click("SpindleGomb");
+  EXPECT_FALSE(find<QCheckBox>("Bitcim(3)")->isEnabled());
+  EXPECT_EQ(lap.Esemeny.Caption.get(),
+            "Az impulzusgenerátor üteme 5 ms, azaz 200 lépés/másodperc.");
+  ASSERT_TRUE(QTest::qWaitFor([this] { return journal.size() >= 4; }));
+  click("Impulzus");
+  for (std::size_t n = 0; n < journal.size(); n += 2) {
+    EXPECT_EQ(journal[n] + journal.at(n + 1), "r37Aw37A=0");
+  }
+  EXPECT_EQ(lap.Esemeny.Caption.get(), "");
+}
+
+TEST_F(BenchTabs, OptionsStepAndLoadReachTheController) {
+  showTab(2);
+  const auto sent = [this] {
+    std::size_t waits = 0;
+    for (const std::string& entry : std::exchange(journal, {})) waits += entry == "z1";
+    return waits / 24;
+  };
+  click("L(13)");
+  EXPECT_EQ(sent(), 6U);
+  click("L(12)");
+  EXPECT_EQ(sent(), 0U) << "a + can't be chosen";
+  click("Leptet(1)");
+  EXPECT_EQ(sent(), 6U);
+  EXPECT_TRUE(find<QRadioButton>("L(11)")->isChecked());
+  EXPECT_TRUE(find<QRadioButton>("L(6)")->isChecked());
+  auto* const more = find<QPushButton>("TapFel");
+  more->setFocus();
+  for (int n = 0; n < 7; ++n) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+  EXPECT_EQ(sent(), 6U + 3 * 6) << "the motor off, six steps, a beep";
+  EXPECT_TRUE(more->hasFocus());
+  EXPECT_EQ(lap.Esemeny.Caption.get(),
+            "100% fölé engedély kell: jelölje be az elsőt, ha a táp bírja!");
+  click("TulH");
+  for (int n = 0; n < 2; ++n) click("TapFel");
+  EXPECT_EQ(find<QLineEdit>("Taptext")->text(), " 133.3%");
+  EXPECT_EQ(find<QLineEdit>("Taptext")->palette().color(QPalette::Text), QColor(255, 255, 0));
+  const auto ground = [this] {
+    auto* const words = find<QLabel>("Figy2");
+    return words->grab().toImage().pixelColor(1, 1);
+  };
+  EXPECT_EQ(ground(), QColor(255, 0, 0));
+  EXPECT_TRUE(find<QGroupBox>("Figy")->isEnabled());
+  click("TapStop");
+  EXPECT_NE(ground(), QColor(255, 0, 0));
+  EXPECT_FALSE(find<QCheckBox>("TulH")->isChecked());
+}
+
+TEST(LedBar, FillsFromItsFootAndChangesColourAtItsLimits) {
+  controls::LedMeter meter;
+  LedBar bar(meter);
+  bar.resize(20, 246);
+  const auto lit = [&bar](int percent) {
+    const QColor colour = bar.grab().toImage().pixelColor(10, 242 - percent * 240 / 100);
+    return std::string(colour.red() > 128 ? "r" : "") + (colour.green() > 128 ? "g" : "");
+  };
+  // Each row: the level, then what shines at 2, 48, 52, 73, 77 and 98%.
+  for (const auto& [level, shines] :
+       {std::pair(0, "|||||"), std::pair(8, "g|||||"), std::pair(50, "g|g||||"),
+        std::pair(75, "g|g|rg|rg||"), std::pair(100, "g|g|rg|rg|r|r")}) {
+    meter.Level = level;
+    std::string seen;
+    for (const int percent : {2, 48, 52, 73, 77, 98}) {
+      seen += lit(percent) + (percent == 98 ? "" : "|");
+    }
+    EXPECT_EQ(seen, shines) << level;
+  }
+}
+
+}  // namespace
+}  // namespace monitra::desktop
