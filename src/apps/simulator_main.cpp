@@ -1,5 +1,9 @@
+#include <QTimer>
 #include <iostream>
+#include <map>
+#include <memory>
 #include <string>
+#include <utility>
 
 #include "apps/window_program.h"
 #include "link/port_selection.h"
@@ -9,31 +13,84 @@ namespace {
 
 using namespace monitra;
 
-/// The receiving controller, as "&H378 PCB V4.x".
-std::string place(std::int32_t address, const ports::Wiring& wiring, const link::PortPanel& panel) {
-  for (const std::string& entry : panel.LPT.Items) {
-    if (link::portAddress(entry) == address) return entry + " " + std::string(wiring.board);
+/// Tells what the virtual controllers do: the footer at once or a few times a second, standard
+/// output in a line for each message and for each movement that has come to rest.
+class Report {
+ public:
+  Report(shell::Lap& lap, ports::SimulatedPort& port) : lap_(lap) {
+    port.received = [this](std::int32_t address, const ports::VirtualController& controller,
+                           const ports::Received& message) {
+      tellRested();
+      tellReceived(place(address, controller), controller, message);
+    };
+    port.moved = [this](std::int32_t address, const ports::VirtualController& controller) {
+      // A controller with the other board hears pins that are not meant for it.
+      if (controller.wiring().board != lap_.port.PCBV.Caption.get()) return;
+      moving_[&controller] = {place(address, controller), true};
+    };
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { look(); });
+    timer_.start(interval_);
   }
-  return std::string(wiring.board);
-}
 
-/// The footer tells what the controller has received, and so does standard output, a line each.
-void report(shell::Lap& lap, ports::SimulatedPort& port) {
-  port.received = [&lap](std::int32_t address, const ports::Wiring& wiring,
-                         const ports::Received& message) {
-    const std::string heard =
-        place(address, wiring, lap.port) + ": " + ports::bytesText(message.bytes);
-    lap.Esemeny.Caption = "A vezérlő ezt kapta: " + heard;
-    std::cout << heard << std::endl;
+ private:
+  struct Movement {
+    std::string at;
+    bool sinceLastLook;
   };
-}
+
+  /// The controller's place, as "&H378 PCB V4.x".
+  std::string place(std::int32_t address, const ports::VirtualController& controller) const {
+    const std::string board(controller.wiring().board);
+    for (const std::string& entry : lap_.port.LPT.Items) {
+      if (link::portAddress(entry) == address) return entry + " " + board;
+    }
+    return board;
+  }
+
+  void tellReceived(const std::string& at, const ports::VirtualController& controller,
+                    const ports::Received& message) {
+    std::string heard = at + ": " + ports::bytesText(message.bytes);
+    if (message.kind == ports::Received::Kind::Frame) {
+      heard += " (" + ports::describe(controller.machine()) + ")";
+    }
+    lap_.Esemeny.Caption = "A vezérlő ezt kapta: " + heard;
+    std::cout << heard << std::endl;
+  }
+
+  void tellRested() {
+    for (const auto& [controller, movement] : moving_) {
+      std::cout << state(*controller, movement) << std::endl;
+    }
+    moving_.clear();
+  }
+
+  void look() {
+    bool rested = true;
+    for (auto& [controller, movement] : moving_) {
+      lap_.Esemeny.Caption = state(*controller, movement);
+      if (std::exchange(movement.sinceLastLook, false)) rested = false;
+    }
+    if (rested) tellRested();
+  }
+
+  static std::string state(const ports::VirtualController& controller, const Movement& movement) {
+    return movement.at + ": " + ports::describe(controller.machine());
+  }
+
+  static constexpr int interval_ = 150;
+
+  shell::Lap& lap_;
+  std::map<const ports::VirtualController*, Movement> moving_;
+  QTimer timer_;
+};
 
 }  // namespace
 
 int main(int argc, char** argv) {
   ports::SimulatedPort port;
+  std::unique_ptr<Report> report;
   return apps::run(argc, argv,
                    {"Monitra Szimulátor", ":/pictures/szimulator.svg",
                     "Szimulált port: a jelek egy virtuális vezérlőhöz mennek, a gép nem mozdul.",
-                    port, [&port](shell::Lap& lap) { report(lap, port); }});
+                    port, [&](shell::Lap& lap) { report = std::make_unique<Report>(lap, port); }});
 }

@@ -1,13 +1,27 @@
 #include "ports/simulated_port.h"
 
+#include <utility>
+
 namespace monitra::ports {
 
-SimulatedPort::SimulatedPort() {
+namespace {
+
+constexpr std::int32_t controlOffset = 2;
+/// A sender holds each level for a millisecond; a controller that waits for more gives up.
+constexpr std::chrono::milliseconds patience{200};
+
+}  // namespace
+
+SimulatedPort::SimulatedPort(Clock clock) : clock_(std::move(clock)) {
   for (const std::int32_t address : {0x378, 0x278, 0x3BC}) {
-    auto& controllers = controllers_[address];
-    for (const Wiring& wiring : {wiringV32, wiringV4x}) {
-      controllers.emplace_back(wiring).received = [this, address, wiring](const Received& message) {
-        if (received) received(address, wiring, message);
+    auto& controllers = ports_[address].controllers;
+    controllers = {VirtualController(wiringV32), VirtualController(wiringV4x)};
+    for (VirtualController& controller : controllers) {
+      controller.received = [this, address, &controller](const Received& message) {
+        if (received) received(address, controller, message);
+      };
+      controller.moved = [this, address, &controller] {
+        if (moved) moved(address, controller);
       };
     }
   }
@@ -19,9 +33,17 @@ std::uint8_t SimulatedPort::DlPortReadPortUchar(std::int32_t address) {
 
 void SimulatedPort::DlPortWritePortUchar(std::int32_t address, std::uint8_t value) {
   registers_.DlPortWritePortUchar(address, value);
-  const auto found = controllers_.find(address);
-  if (found == controllers_.end()) return;
-  for (VirtualController& controller : found->second) controller.pins(value);
+  if (const auto control = ports_.find(address - controlOffset); control != ports_.end()) {
+    for (VirtualController& controller : control->second.controllers) controller.controlPins(value);
+  }
+  const auto data = ports_.find(address);
+  if (data == ports_.end()) return;
+  const std::chrono::nanoseconds now = clock_();
+  const bool paused = now - std::exchange(data->second.lastWrite, now) > patience;
+  for (VirtualController& controller : data->second.controllers) {
+    if (paused) controller.pause();
+    controller.dataPins(value);
+  }
 }
 
 }  // namespace monitra::ports

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -12,20 +13,35 @@
 namespace monitra::ports {
 
 /// Printer ports at the three usual addresses. On each hangs a virtual controller of either board
-/// revision, and both see the levels of all eight data pins.
+/// revision, and both see the levels of all pins.
 class SimulatedPort : public platform::PortRegisters {
  public:
-  SimulatedPort();
+  using Clock = std::function<std::chrono::nanoseconds()>;
+
+  /// The clock is monotonic.
+  explicit SimulatedPort(Clock clock = [] {
+    return std::chrono::steady_clock::now().time_since_epoch();
+  });
+  SimulatedPort(const SimulatedPort&) = delete;
+  SimulatedPort& operator=(const SimulatedPort&) = delete;
 
   std::uint8_t DlPortReadPortUchar(std::int32_t address) override;
   void DlPortWritePortUchar(std::int32_t address, std::uint8_t value) override;
 
-  /// What one of the controllers has taken: data address of its port, its wiring, the message.
-  std::function<void(std::int32_t, const Wiring&, const Received&)> received;
+  /// What one of the controllers has taken, or that its machine has moved; with the data address of
+  /// its port.
+  std::function<void(std::int32_t, const VirtualController&, const Received&)> received;
+  std::function<void(std::int32_t, const VirtualController&)> moved;
 
  private:
+  struct Port {
+    std::vector<VirtualController> controllers;
+    std::chrono::nanoseconds lastWrite{};
+  };
+
+  Clock clock_;
   RegisterMemory registers_;
-  std::map<std::int32_t, std::vector<VirtualController>> controllers_;
+  std::map<std::int32_t, Port> ports_;
 };
 
 }  // namespace monitra::ports

@@ -1,7 +1,9 @@
 #include "ports/virtual_controller.h"
 
 #include <array>
+#include <bit>
 #include <cstddef>
+#include <utility>
 
 namespace monitra::ports {
 
@@ -11,6 +13,7 @@ constexpr std::uint8_t setupStart = 85;
 constexpr std::uint8_t setupEnd = 255;
 constexpr std::size_t setupLength = 20;
 constexpr std::size_t frameLength = 3;
+constexpr std::uint8_t allOff = 16;
 
 /// Motor of a frame's first byte, or '\0'.
 char motorName(std::uint8_t byte) {
@@ -37,7 +40,7 @@ std::string_view commandName(std::uint8_t byte) {
       return "L3 be";
     case 8:
       return "L4 be";
-    case 16:
+    case allOff:
       return "ki";
     default:
       return {};
@@ -79,11 +82,40 @@ std::vector<std::string> describeSetup(const std::vector<std::uint8_t>& bytes) {
 
 }  // namespace
 
-void VirtualController::pins(std::uint8_t levels) {
-  const bool clock = (levels >> wiring_.clockBit & 1) != 0;
-  const bool rising = clock && !clock_;
-  clock_ = clock;
-  if (rising) takeBit((levels >> wiring_.dataBit & 1) != 0);
+double Machine::loadPercent() const {
+  constexpr double linesForFullLoad = 6;
+  int on = 0;
+  for (const Axis& axis : axes) on += std::popcount(axis.lines);
+  return on * 100 / linesForFullLoad;
+}
+
+void VirtualController::dataPins(std::uint8_t levels) {
+  const int rising = levels & ~levels_;
+  levels_ = levels;
+  if ((rising >> wiring_.clockBit & 1) != 0) takeBit((levels >> wiring_.dataBit & 1) != 0);
+  bool stepped = false;
+  for (std::size_t axis = 0; axis < machine_.axes.size(); ++axis) {
+    if ((rising >> wiring_.stepBits[axis] & 1) == 0) continue;
+    const bool forward = (levels >> wiring_.dirBits[axis] & 1) != 0;
+    ++(forward ? machine_.axes[axis].forward : machine_.axes[axis].backward);
+    stepped = true;
+  }
+  if (!stepped) return;
+  pause();
+  if (moved) moved();
+}
+
+void VirtualController::controlPins(std::uint8_t levels) {
+  const bool spindle = (levels >> wiring_.relayBit & 1) == 0;
+  if (machine_.spindle == spindle) return;
+  machine_.spindle = spindle;
+  if (moved) moved();
+}
+
+void VirtualController::pause() {
+  bits_ = 0;
+  bitCount_ = 0;
+  if (!message_.empty()) endMessage(Received::Kind::Unknown);
 }
 
 void VirtualController::takeBit(bool bit) {
@@ -99,8 +131,16 @@ void VirtualController::takeByte(std::uint8_t byte) {
   message_.push_back(byte);
   const std::size_t length = messageLength(message_.front());
   if (message_.size() < length) return;
-  Received message{length == 0 ? Received::Kind::Unknown : kindOf(message_), std::move(message_)};
-  message_.clear();
+  const Received::Kind kind = length == 0 ? Received::Kind::Unknown : kindOf(message_);
+  if (kind == Received::Kind::Frame) {
+    unsigned& lines = machine_.axes[static_cast<std::size_t>(motorName(message_[0]) - 'X')].lines;
+    lines = message_[2] == allOff ? 0 : lines | message_[2];
+  }
+  endMessage(kind);
+}
+
+void VirtualController::endMessage(Received::Kind kind) {
+  const Received message{kind, std::exchange(message_, {})};
   if (received) received(message);
 }
 
@@ -123,6 +163,21 @@ std::vector<std::string> describe(const Received& message) {
     default:
       return {"Nem értelmezhető bájtok."};
   }
+}
+
+std::string describe(const Machine& machine) {
+  std::string text;
+  for (std::size_t axis = 0; axis < machine.axes.size(); ++axis) {
+    const Machine::Axis& of = machine.axes[axis];
+    text += std::string(1, "XYZ"[axis]) + " " + std::to_string(of.position());
+    for (int line = 0; line < 4; ++line) {
+      if ((of.lines >> line & 1) != 0) text += " L" + std::to_string(line + 1);
+    }
+    text += ", ";
+  }
+  text += "terhelés " + std::to_string(static_cast<int>(machine.loadPercent())) + "%";
+  if (machine.spindle) text += *machine.spindle ? ", marómotor be" : ", marómotor ki";
+  return text;
 }
 
 }  // namespace monitra::ports

@@ -24,10 +24,12 @@ TEST(WindowProgram, EverySignalRunsTheShutdownWithoutItsQuestion) {
   const std::string stored =
       "{\n  \"Setup\": {\n    \"Inv0\": \"0\",\n    \"Inv1\": \"0\",\n    \"Inv2\": \"0\",\n"
       "    \"LPT\": \" 0\",\n    \"Seb\": \"100\"\n  }\n}\n";
+  const std::string rest = " (X 0, Y 0, Z 0, terhelés 0%)\n";
   for (const std::string signal : {"TERM", "INT", "HUP"}) {
     EXPECT_EQ(endedBy(signal, "monitra-szimulator"),
               "Szimulált port: a jelek egy virtuális vezérlőhöz mennek, a gép nem mozdul.\n"
-              "&H378 PCB V4.x: 99 0 16\n&H378 PCB V4.x: 110 0 16\n&H378 PCB V4.x: 120 0 16\n" +
+              "&H378 PCB V4.x: 99 0 16" +
+                  rest + "&H378 PCB V4.x: 110 0 16" + rest + "&H378 PCB V4.x: 120 0 16" + rest +
                   stored);
   }
   EXPECT_EQ(endedBy("TERM", "Monitra Setup"),

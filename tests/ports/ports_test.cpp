@@ -48,9 +48,10 @@ void send(SimulatedPort& port, std::int32_t address, int dataBit, int clockBit,
 
 struct Heard : testing::Test {
   Heard() {
-    port.received = [this](std::int32_t address, const Wiring& wiring, const Received& message) {
+    port.received = [this](std::int32_t address, const VirtualController& from,
+                           const Received& message) {
       const char* const kinds[] = {"setup ", "frame ", "unknown "};
-      heard.push_back(std::to_string(address) + " " + std::string(wiring.board) + " " +
+      heard.push_back(std::to_string(address) + " " + std::string(from.wiring().board) + " " +
                       kinds[static_cast<int>(message.kind)] + bytesText(message.bytes));
     };
   }
@@ -86,6 +87,62 @@ TEST_F(Heard, AClockThatIsHighAtTheStartCostsTheFirstBit) {
   }
   send(port, 0x378, 5, 7, {99, 0, 16});
   EXPECT_EQ(heard, (Lines{"888 PCB V4.x frame 99 0 16"}));
+}
+
+TEST_F(Heard, AStepOrALongPauseEndsWhatHasComeOfAMessage) {
+  std::chrono::nanoseconds now{};
+  SimulatedPort timed([&now] { return now; });
+  timed.received = port.received;
+  const auto write = [&timed](std::initializer_list<int> levels) {
+    for (const int level : levels) {
+      timed.DlPortWritePortUchar(0x378, static_cast<std::uint8_t>(level));
+    }
+  };
+  write({0x80, 0x00, 0x80, 0x00});
+  now += std::chrono::milliseconds(201);
+  send(timed, 0x378, 5, 7, {99, 0});
+  now += std::chrono::milliseconds(200);
+  send(timed, 0x378, 5, 7, {1, 110, 0});
+  now += std::chrono::milliseconds(201);
+  send(timed, 0x378, 5, 7, {120});
+  write({0x80, 0x82, 0x00});
+  send(timed, 0x378, 5, 7, {99, 0, 16});
+  EXPECT_EQ(heard, (Lines{"888 PCB V4.x frame 99 0 1", "888 PCB V4.x unknown 110 0",
+                          "888 PCB V4.x unknown 120", "888 PCB V4.x frame 99 0 16"}));
+}
+
+TEST(Machine, FollowsStepsLinesAndSpindle) {
+  SimulatedPort port;
+  std::string state;
+  int moves = 0;
+  const auto show = [&state](const VirtualController& controller) {
+    if (controller.wiring().board == wiringV4x.board) state = describe(controller.machine());
+  };
+  port.received = [&](auto, const VirtualController& controller, auto&) { show(controller); };
+  port.moved = [&](auto, const VirtualController& controller) {
+    show(controller);
+    ++moves;
+  };
+  const auto write = [&port](std::int32_t address, std::initializer_list<int> levels) {
+    for (const int level : levels) {
+      port.DlPortWritePortUchar(address, static_cast<std::uint8_t>(level));
+    }
+  };
+  write(0x378, {0x44, 0x44, 0x04, 0x44, 0x44, 0x04, 0x44});
+  EXPECT_EQ(state, "X 2, Y 0, Z 0, terhelés 0%") << "a level that was high at first is no edge";
+  write(0x378, {0x00, 0x10, 0x00, 0x10, 0x00, 0x30, 0x20, 0x82, 0x00, 0x02});
+  EXPECT_EQ(state, "X 2, Y -1, Z 0, terhelés 0%");
+  write(0x37A, {0x02});
+  EXPECT_EQ(state, "X 2, Y -1, Z 0, terhelés 0%, marómotor ki");
+  write(0x37A, {0x00});
+  const int before = moves;
+  write(0x37A, {0x0D, 0x00, 0x0C});
+  EXPECT_EQ(moves, before) << "the other control bits mean nothing";
+  write(0x378, {0x00});
+  send(port, 0x378, 5, 7, {99, 0, 1, 99, 0, 8, 110, 0, 4});
+  EXPECT_EQ(state, "X 2 L1 L4, Y -1 L3, Z 0, terhelés 50%, marómotor be");
+  send(port, 0x378, 5, 7, {99, 0, 16});
+  EXPECT_EQ(state, "X 2, Y -1 L3, Z 0, terhelés 16%, marómotor be");
 }
 
 TEST(Vcd, GivesEveryWriteOfThePortAtItsTime) {

@@ -88,9 +88,9 @@ void printTiming(const std::vector<ports::PortEvent>& events) {
             << " ms, legfeljebb " << Milliseconds(longest).count() << " ms telt el.\n";
 }
 
-void printReceived(const ports::Wiring& wiring, const ports::Received& message) {
-  std::cout << "\nA virtuális vezérlő (" << wiring.board << ") " << message.bytes.size()
-            << " bájtot kapott:\n";
+void printReceived(const ports::VirtualController& controller, const ports::Received& message) {
+  std::cout << "\nA virtuális vezérlő (" << controller.wiring().board << ") "
+            << message.bytes.size() << " bájtot kapott:\n";
   for (std::size_t position = 0; position < message.bytes.size(); ++position) {
     std::cout << std::setw(4) << position << ": " << std::setw(3)
               << static_cast<int>(message.bytes[position]) << '\n';
@@ -147,9 +147,8 @@ ExitCode upload(const UploadOptions& options) {
   const std::size_t before = recorder.events().size();
   bool sent = false;
   session.lap.upload().sent.handle([&sent] { sent = true; });
-  port.received = [](std::int32_t, const ports::Wiring& wiring, const ports::Received& message) {
-    printReceived(wiring, message);
-  };
+  port.received = [](std::int32_t, const ports::VirtualController& controller,
+                     const ports::Received& message) { printReceived(controller, message); };
   session.lap.setup.Letolt.click();
   if (sent) {
     printTiming(
