@@ -50,13 +50,13 @@ LoadTest::LoadTest(LoadPanel& panel, PhasePanel& phases, link::CommandFrames& fr
 }
 
 void LoadTest::TapFel_Click() {
+  begun.raise();
   panel_.TapFel.Enabled = false;
   panel_.LEDsav.Limit2 = 75;
   panel_.LEDsav.Limit1 = 50;
   endPhaseTest();
   if (permitted()) {
     loadOneMore();
-    changed.raise();
   } else {
     Beep_();
     refused.raise();
@@ -88,6 +88,7 @@ void LoadTest::loadOneMore() {
 }
 
 void LoadTest::TapStop_Click() {
+  begun.raise();
   panel_.TapFel.Enabled = false;
   panel_.LEDsav.Level = 0;
   TapLepes = 0;
@@ -98,7 +99,6 @@ void LoadTest::TapStop_Click() {
   panel_.Teh200.Checked = false;
   warn(false);
   panel_.TapFel.Enabled = true;
-  changed.raise();
 }
 
 void LoadTest::warn(bool on) {

@@ -31,7 +31,7 @@ class LoadTest {
 
   std::uint8_t TapLepes = 0;  ///< the load step, 0 to 12
 
-  controls::Event changed;  ///< a press of TapFel or TapStop has run to its end
+  controls::Event begun;    ///< TapFel or TapStop has been pressed, and nothing is sent yet
   controls::Event refused;  ///< a permit is missing, and the load stays
 
  private:

@@ -43,7 +43,7 @@ void Lap::bindBench() {
   generator_.switched.handle([this] {
     Esemeny.Caption = jog.Impulzus.Value ? generatorText(jog.Timer1.Interval) : std::string{};
   });
-  loadTest_.changed.handle([this] { Esemeny.Caption = ""; });
+  loadTest_.begun.handle([this] { Esemeny.Caption = ""; });
   loadTest_.refused.handle([this] { Esemeny.Caption = missingPermitText(load.TulH.Checked); });
 }
 
