@@ -1,6 +1,4 @@
 #include <gtest/gtest.h>
-#include <random>
-#include <set>
 #include <sstream>
 #include <utility>
 
@@ -211,112 +209,6 @@ TEST_F(Jog, BitOutputWritesWholeRegistersAndLeavesTheTicks) {
   ports.LPT.select(1);
   EXPECT_EQ((bits.Torles.click(), seen()), "w278=0 w27A=0 ");
   EXPECT_EQ(ports.Cim1.Caption.get() + ports.Cim2.Caption.get(), "H278H27A");
-}
-
-/// What may be on the port after each of the user's actions, told again in a few lines.
-struct Model {
-  bool on = false, ticks = false, spindle = false, v4x = true;
-  int lpt = 0, used = 0;
-  std::set<int> held, flags;
-  std::array<bool, 3> inverted{};
-
-  void stop() { on = spindle = false, held.clear(), flags.clear(); }
-
-  std::string tick() const {
-    if (!on || !ticks) return "";
-    const char* const data[] = {"w378=", "w278=", "w3BC="};
-    const char* const control[] = {"37A", "27A", "3BE"};
-    std::string line =
-        std::string("r") + control[used] + " w" + control[used] + (spindle ? "=0 " : "=2 ");
-    if (flags.empty()) return line;
-    const int axis = *flags.begin() / 2;
-    constexpr int steps[2][3] = {{0x80, 0x02, 0x40}, {0x40, 0x10, 0x02}};
-    constexpr int dirs[2][3] = {{0x10, 0x20, 0x04}, {0x04, 0x20, 0x80}};
-    const int step = steps[v4x][axis];
-    const int dir = *flags.begin() % 2 == 0 ? dirs[v4x][axis] : 0;
-    for (const auto& [value, times] :
-         {std::pair(dir, dir != 0 ? 3 : 0), std::pair(dir | step, 3), std::pair(dir, 2)}) {
-      for (int n = 0; n < times; ++n) line += data[used] + hex(value) + " ";
-    }
-    return line;
-  }
-};
-
-TEST_F(Jog, NoOrderOfEventsGivesAPulseWithoutAHeldButtonAndTheGeneratorOn) {
-  std::mt19937 random(20);
-  Model model;
-  std::string seb = panel.Seb.Text;
-  int pulses = 0;
-  for (int n = 0; n < 200000; ++n) {
-    const auto draw = [&random](int count) { return static_cast<int>(random() % unsigned(count)); };
-    const int i = draw(6);
-    std::string expected;
-    switch (draw(16)) {
-      case 0:
-      case 1:
-      case 2:
-        panel.Mozg[i].press();
-        if (!model.on) break;
-        model.held.insert(i);
-        model.flags.insert(model.inverted[i / 2] ? i ^ 1 : i);
-        break;
-      case 3:
-        panel.Mozg[i].release();
-        if (model.held.erase(i) != 0) model.flags.clear();
-        break;
-      case 4:
-        panel.releaseAll();
-        model.held.clear(), model.flags.clear();
-        break;
-      case 5:
-        generator.SSTab1_GotFocus();
-        model.stop();
-        break;
-      case 6:
-        panel.Seb.type(draw(2) == 0 ? "100" : std::to_string(draw(3000)));
-        if (panel.Seb.Text.get() != seb) model.stop();
-        break;
-      case 7:
-      case 8:
-        panel.Impulzus.click();
-        model.on ? model.stop() : void(model.on = true);
-        model.used = model.lpt;
-        model.ticks = std::stod(panel.Seb.Text) < 2000;
-        break;
-      case 9:
-        (i % 2 == 0 ? bits.Kuld : bits.Torles).click();
-        model.stop();
-        model.used = model.lpt;
-        expected = std::array{"w378=0 w37A=0 ", "w278=0 w27A=0 ", "w3BC=0 w3BE=0 "}[model.lpt];
-        break;
-      case 10:
-        panel.Invert[i / 2].click();
-        model.inverted[i / 2] = !model.inverted[i / 2];
-        break;
-      case 11:
-        panel.SpindleGomb.click();
-        if (model.on) model.spindle = !model.spindle;
-        break;
-      case 12:
-        port.PcbAlkalmaz((model.v4x = !model.v4x) ? Pcb::V4x : Pcb::V32);
-        break;
-      case 13:
-        ports.LPT.select(model.lpt = i / 2);
-        break;
-      default:
-        expected = model.tick();
-        panel.Timer1.tick();
-        if (expected.size() > 20) ++pulses;
-        ASSERT_TRUE(expected.size() < 20 || (model.on && !model.held.empty()));
-    }
-    seb = panel.Seb.Text;
-    ASSERT_EQ(seen(), expected) << "at event " << n;
-    ASSERT_EQ(panel.Impulzus.Value, model.on);
-    for (int button = 0; button < 6; ++button) {
-      ASSERT_EQ(panel.Mozg[button].Held, model.held.count(button) != 0);
-    }
-  }
-  EXPECT_GT(pulses, 1000) << "the fuzz must reach what it is about";
 }
 
 }  // namespace
