@@ -20,14 +20,18 @@ class Report {
   Report(shell::Lap& lap, ports::SimulatedPort& port) : lap_(lap) {
     port.received = [this](std::int32_t address, const ports::VirtualController& controller,
                            const ports::Received& message) {
+      if (message.kind == ports::Received::Kind::Unknown && !isSelected(controller)) return;
       tellRested();
       tellReceived(place(address, controller), controller, message);
     };
     port.moved = [this](std::int32_t address, const ports::VirtualController& controller) {
-      // A controller with the other board hears pins that are not meant for it.
-      if (controller.wiring().board != lap_.port.PCBV.Caption.get()) return;
+      if (!isSelected(controller)) return;
       moving_[&controller] = {place(address, controller), true};
     };
+    lap.port.PCBV.Caption.observe([this, &port] {
+      tellRested();
+      port.plugIn(lap_.port.PCBV.Caption.get());
+    });
     QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { look(); });
     timer_.start(interval_);
   }
@@ -37,6 +41,11 @@ class Report {
     std::string at;
     bool sinceLastLook;
   };
+
+  /// The other board's controller hears pins that are not meant for it.
+  bool isSelected(const ports::VirtualController& controller) const {
+    return controller.wiring().board == lap_.port.PCBV.Caption.get();
+  }
 
   /// The controller's place, as "&H378 PCB V4.x".
   std::string place(std::int32_t address, const ports::VirtualController& controller) const {

@@ -190,8 +190,10 @@ void bind(QTabWidget* widget, controls::TabStrip& control) {
   widget->tabBar()->setFocusPolicy(Qt::StrongFocus);
   new FocusWatch(widget->tabBar(), [&control] { control.GotFocus.raise(); });
   QObject::connect(widget, &QTabWidget::currentChanged, widget, [widget, &control](int index) {
-    // However the user has changed the tab, the focus comes to the row of tabs first.
+    // However the user has changed the tab, the row of tabs gets the focus first; it counts also
+    // while the window is inactive and the focus itself comes later.
     widget->tabBar()->setFocus();
+    control.GotFocus.raise();
     control.Tab = index;
   });
 }

@@ -1,9 +1,11 @@
 #include "desktop/jog_button.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
+#include <QWindow>
 
 #include "desktop/bindings.h"
 
@@ -41,6 +43,7 @@ JogButton::JogButton(Qt::ArrowType arrow, int side, controls::HoldButton& contro
   setFixedSize(side, side);
   setMouseTracking(true);
   bind(this, control);
+  connect(qApp, &QGuiApplication::focusWindowChanged, this, [this] { control_.release(); });
 }
 
 bool JogButton::event(QEvent* event) {
@@ -62,7 +65,6 @@ bool JogButton::event(QEvent* event) {
 
 bool JogButton::eventFilter(QObject* /*watched*/, QEvent* event) {
   switch (event->type()) {
-    case QEvent::WindowDeactivate:
     case QEvent::WindowBlocked:
     case QEvent::WindowStateChange:
     case QEvent::Hide:

@@ -27,6 +27,14 @@ SimulatedPort::SimulatedPort(Clock clock) : clock_(std::move(clock)) {
   }
 }
 
+void SimulatedPort::plugIn(std::string_view board) {
+  for (auto& [address, port] : ports_) {
+    for (VirtualController& controller : port.controllers) {
+      if (controller.wiring().board == board) controller.restart();
+    }
+  }
+}
+
 std::uint8_t SimulatedPort::DlPortReadPortUchar(std::int32_t address) {
   return registers_.DlPortReadPortUchar(address);
 }

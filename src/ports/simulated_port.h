@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <string_view>
 #include <vector>
 
 #include "platform/port_registers.h"
@@ -27,6 +28,10 @@ class SimulatedPort : public platform::PortRegisters {
 
   std::uint8_t DlPortReadPortUchar(std::int32_t address) override;
   void DlPortWritePortUchar(std::int32_t address, std::uint8_t value) override;
+
+  /// On every port a machine with this board comes new in place of the one with the same board,
+  /// which has seen pins that were meant for another.
+  void plugIn(std::string_view board);
 
   /// What one of the controllers has taken, or that its machine has moved; with the data address of
   /// its port.

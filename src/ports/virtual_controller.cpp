@@ -118,6 +118,13 @@ void VirtualController::pause() {
   if (!message_.empty()) endMessage(Received::Kind::Unknown);
 }
 
+void VirtualController::restart() {
+  machine_ = {};
+  bits_ = 0;
+  bitCount_ = 0;
+  message_.clear();
+}
+
 void VirtualController::takeBit(bool bit) {
   if (bit) bits_ |= 1U << bitCount_;
   if (++bitCount_ < 8) return;

@@ -68,6 +68,9 @@ class VirtualController {
   /// So long a time has passed that what has come of a message is none.
   void pause();
 
+  /// As new: a machine at rest, and no message begun.
+  void restart();
+
   const Wiring& wiring() const { return wiring_; }
   const Machine& machine() const { return machine_; }
 

@@ -1,4 +1,7 @@
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <random>
+#include <sstream>
 
 #include "bench/phase_test.h"
 #include "support/journal.h"
@@ -133,28 +136,122 @@ TEST_F(Motors, TwelveStepsLoadTheSupplyAsFarAsThePermitsGo) {
       EXPECT_EQ(display(), idle);
     }
   }
-  EXPECT_EQ(std::to_string(load.LEDsav.Limit1) + " " + std::to_string(load.LEDsav.Limit2), "50 75");
 }
 
-TEST_F(Motors, ThePermitsEndWithTheStopInTheirOrderAndTheButtonWaitsMeanwhile) {
-  load.TulH.click();
-  load.Teh200.click();
-  const auto note = [this](const char* name, const auto& property) {
-    return [this, name, &property] { journal.push_back(name + std::to_string(property)); };
+TEST_F(Motors, EachPartOfAPressComesInItsOrder) {
+  const auto note = [this](const char* name, auto& property) {
+    property.observe([this, name, &property] {
+      std::ostringstream text;
+      text << name << std::hex << std::uppercase << property.get();
+      journal.push_back(text.str());
+    });
   };
-  load.TapFel.Enabled.observe(note("button ", load.TapFel.Enabled));
-  load.TulH.Checked.observe(note("150 ", load.TulH.Checked));
-  load.Teh200.Checked.observe(note("200 ", load.Teh200.Checked));
-  load.LEDsav.Level.observe(note("bar ", load.LEDsav.Level));
-  const auto around = [this](Journal before, const Bytes& sent, const Journal& after) {
+  load.LEDsav.Limit1 = load.LEDsav.Limit2 = 1;
+  note("button ", load.TapFel.Enabled);
+  note("limit 2 ", load.LEDsav.Limit2);
+  note("limit 1 ", load.LEDsav.Limit1);
+  note("bar ", load.LEDsav.Level);
+  note("frame ", load.Figy.Enabled);
+  note("words ", load.Figy2.Enabled);
+  note("ground ", load.Figy2.BackColor);
+  note("colour ", load.Taptext.ForeColor);
+  note("text", load.Taptext.Text);
+  note("150 ", load.TulH.Checked);
+  note("200 ", load.Teh200.Checked);
+  const auto around = [](Journal before, const Bytes& sent, const Journal& after) {
     support::expectBytes(before, "378", 0, 5, 7, sent);
     before.insert(before.end(), after.begin(), after.end());
     return before;
   };
-  EXPECT_EQ(during([this] { load.TapFel.click(); }),
-            around({"button 0", "bar 8"}, {99, 0, 1}, {"button 1"}));
+  const auto press = [this] { load.TapFel.click(); };
+  EXPECT_EQ(during(press), around({"button 0", "limit 2 4B", "limit 1 32", "bar 8"}, {99, 0, 1},
+                                  {"text 16.66%", "button 1"}));
+  for (int n = 2; n <= 6; ++n) press();
+  EXPECT_EQ(during(press), (Journal{"button 0", "beep", "button 1"}));
+  load.TulH.click();
+  load.Teh200.click();
+  EXPECT_EQ(during(press),
+            around({"button 0", "bar 3A"}, {99, 0, 4}, {"colour FFFF", "text 116.6%", "button 1"}));
+  EXPECT_EQ(during(press), around({"button 0", "bar 43", "frame 1", "words 1", "ground FF"},
+                                  {110, 0, 4}, {"text 133.3%", "button 1"}));
   EXPECT_EQ(during([this] { load.TapStop.click(); }),
-            around({"button 0", "bar 0"}, allOff, {"150 0", "200 0", "button 1"}));
+            around({"button 0", "bar 0"}, allOff,
+                   {"colour FF00", "text0%", "150 0", "200 0", "frame 0", "words 0",
+                    "ground 8000000F", "button 1"}));
+}
+
+TEST_F(Motors, PhaseAndLoadTestsEndEachOtherInAnyOrderOfPresses) {
+  std::mt19937 random(34);
+  std::array<int, 3> rows{6, 6, 6};
+  int step = 0;
+  bool permit150 = false, permit200 = false;
+  Bytes sent;
+  const int motors[] = {99, 110, 120};
+  const int lines[] = {1, 2, 4, 8};
+  const int values[] = {1, 0, 2, 4, 0, 8, 16};
+  const int next[] = {2, 0, 3, 5, 0, 0, 0};
+  const auto send = [&sent](int motor, int value) { sent.insert(sent.end(), {motor, 0, value}); };
+  const auto stop = [&] {
+    step = 0;
+    permit150 = permit200 = false;
+    sent.insert(sent.end(), allOff.begin(), allOff.end());
+  };
+  const auto choose = [&](int motor, int row) {
+    if (rows[motor] == row || values[row] == 0) return;
+    rows[motor] = row;
+    if (step > 0) stop();
+    send(motors[motor], 16);
+    send(motors[motor], values[row]);
+  };
+  for (int n = 0; n < 4000; ++n) {
+    const int motor = static_cast<int>(random() % 3);
+    const int row = static_cast<int>(random() % 7);
+    Journal expected;
+    sent.clear();
+    journal.clear();
+    switch (random() % 24) {
+      case 0:
+        phases.L[phaseIndex(motor, row)].click();
+        choose(motor, row);
+        break;
+      case 1:
+        phases.Leptet[motor].click();
+        choose(motor, next[rows[motor]]);
+        break;
+      case 2:
+        load.TapStop.click();
+        stop();
+        break;
+      case 3:
+      case 4:
+        load.TulH.click();
+        permit150 = !permit150;
+        break;
+      case 5:
+      case 6:
+        load.Teh200.click();
+        permit200 = !permit200;
+        break;
+      default:
+        load.TapFel.click();
+        for (int m = 0; m < 3; ++m) choose(m, 6);
+        if ((step >= 6 && !permit150) || (step >= 9 && !permit200)) {
+          expected.emplace_back("beep");
+          break;
+        }
+        step = std::min(step + 1, 12);
+        send(motors[(step - 1) % 3], lines[(step - 1) / 3]);
+    }
+    support::expectBytes(expected, "378", 0, 5, 7, sent);
+    ASSERT_EQ(journal, expected) << "at event " << n;
+    ASSERT_EQ(tap.TapLepes, step);
+    ASSERT_EQ(load.TulH.Checked, permit150);
+    ASSERT_EQ(load.Teh200.Checked, permit200);
+    std::string options;
+    for (int m = 0; m < 3; ++m)
+      options += std::to_string(m == 0 ? rows[0] : 7 * m + 6 - rows[m]) + " ";
+    ASSERT_EQ(selected(), options);
+  }
 }
 
 TEST_F(Motors, APhaseClickEndsTheLoadTestAndALoadPressThePhaseTest) {
@@ -165,17 +262,13 @@ TEST_F(Motors, APhaseClickEndsTheLoadTestAndALoadPressThePhaseTest) {
   EXPECT_EQ(display(), idle);
   EXPECT_EQ(selected(), "6 10 14 ");
 
+  phases.L[0].click();
   phases.L[20].click();
-  EXPECT_EQ(during([this] { load.TapFel.click(); }),
-            bytes({110, 0, 16, 110, 0, 16, 120, 0, 16, 120, 0, 16, 99, 0, 1}));
+  EXPECT_EQ(
+      during([this] { load.TapFel.click(); }),
+      bytes({99, 0, 16, 99, 0, 16, 110, 0, 16, 110, 0, 16, 120, 0, 16, 120, 0, 16, 99, 0, 1}));
   EXPECT_EQ(selected(), "6 7 14 ");
   EXPECT_EQ(display(), "1| 16.66%|FF00|8000000F|8||||");
-  EXPECT_EQ(during([this] { phases.L[6].click(); }), Journal{}) << "selected already";
-  EXPECT_EQ(during([this] { load.TapStop.click(); }), bytes(allOff));
-
-  phases.L[2].click();
-  EXPECT_EQ(during([this] { load.TapStop.click(); }), bytes(allOff));
-  EXPECT_EQ(selected(), "2 7 14 ") << "the stop leaves the options as they are";
 }
 
 }  // namespace

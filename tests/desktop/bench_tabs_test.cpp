@@ -11,7 +11,9 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <map>
 
 #include "desktop/jog_button.h"
 #include "desktop/led_bar.h"
@@ -111,6 +113,11 @@ TEST_F(BenchTabs, AHeldJogButtonComesUpWhateverInterruptsIt) {
                           Qt::NoButton, Qt::NoModifier);
          QApplication::sendEvent(jog, &move);
        }},
+      {"the mouse back without a button",
+       [&] {
+         QEnterEvent enter(middle, middle, jog->mapToGlobal(middle));
+         QApplication::sendEvent(jog, &enter);
+       }},
       {"the focus elsewhere", [&] { find<QLineEdit>("Seb")->setFocus(); }},
       {"lost grab", [&] { send(QEvent::UngrabMouse); }},
       {"cancelled touch", [&] { send(QEvent::TouchCancel); }},
@@ -144,17 +151,26 @@ TEST_F(BenchTabs, AHeldJogButtonComesUpWhateverInterruptsIt) {
          window->close();
          box.whileOpen = nullptr;
        }}};
+  const auto pulsed = [this] {
+    return std::find(journal.begin(), journal.end(), "w378=30") != journal.end();
+  };
   for (const auto& [name, interrupt] : interruptions) {
     SCOPED_TRACE(name);
     window->showNormal();
     activate();
     showTab(1);
-    startGenerator();
+    QApplication::processEvents();
+    lap.jog.Seb.type("1000");
+    lap.jog.Impulzus.click();
     QTest::mousePress(jog, Qt::RightButton, {}, middle);
     QTest::mouseMove(jog, {-90, -90});
     EXPECT_TRUE(held() && jog->isDown());
+    EXPECT_TRUE(QTest::qWaitFor(pulsed));
     interrupt();
     EXPECT_FALSE(held() || jog->isDown());
+    journal.clear();
+    QTest::qWait(5);
+    EXPECT_FALSE(pulsed()) << "a pulse after the button came up";
     QTest::mouseRelease(jog, Qt::RightButton, {}, middle);
     lap.jog.Impulzus.Value = false;
   }
@@ -223,22 +239,25 @@ TEST_F(BenchTabs, BoxesAndButtonsReachThePort) {
 TEST_F(BenchTabs, OptionsStepAndLoadReachTheController) {
   showTab(2);
   const auto sent = [this] {
-    std::size_t waits = 0;
-    for (const std::string& entry : std::exchange(journal, {})) waits += entry == "z1";
-    return waits / 24;
+    std::size_t waits = 0, beeps = 0;
+    for (const std::string& entry : std::exchange(journal, {})) {
+      waits += entry == "z1";
+      beeps += entry == "beep";
+    }
+    return std::to_string(waits / 24) + std::string(beeps, '!');
   };
   click("L(13)");
-  EXPECT_EQ(sent(), 6U);
+  EXPECT_EQ(sent(), "6");
   click("L(12)");
-  EXPECT_EQ(sent(), 0U) << "a + can't be chosen";
+  EXPECT_EQ(sent(), "0") << "a + can't be chosen";
   click("Leptet(1)");
-  EXPECT_EQ(sent(), 6U);
+  EXPECT_EQ(sent(), "6");
   EXPECT_TRUE(find<QRadioButton>("L(11)")->isChecked());
   EXPECT_TRUE(find<QRadioButton>("L(6)")->isChecked());
   auto* const more = find<QPushButton>("TapFel");
   more->setFocus();
   for (int n = 0; n < 7; ++n) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
-  EXPECT_EQ(sent(), 6U + 3 * 6) << "the motor off, six steps, a beep";
+  EXPECT_EQ(sent(), "24!") << "the motor off, six steps, a beep";
   EXPECT_TRUE(more->hasFocus());
   EXPECT_EQ(lap.Esemeny.Caption.get(),
             "100% fölé engedély kell: jelölje be az elsőt, ha a táp bírja!");
@@ -254,7 +273,28 @@ TEST_F(BenchTabs, OptionsStepAndLoadReachTheController) {
   EXPECT_TRUE(find<QGroupBox>("Figy")->isEnabled());
   click("TapStop");
   EXPECT_NE(ground(), QColor(255, 0, 0));
-  EXPECT_FALSE(find<QCheckBox>("TulH")->isChecked());
+  EXPECT_FALSE(find<QCheckBox>("TulH")->isChecked() || find<QGroupBox>("Figy")->isEnabled());
+}
+
+TEST_F(BenchTabs, EachMotorsFrameNamesItsLinesFromTopToBottom) {
+  showTab(2);
+  const std::pair<const char*, const char*> frames[] = {
+      {"Frame5", "L1 (CON17)|+   (CON18)|L2 (CON19)|L3 (CON20)|+   (CON21)|L4 (CON22)| Ki|"},
+      {"Frame6", "L1 (CON23)|+   (CON24)|L2 (CON25)|L3 (CON26)|+   (CON27)|L4 (CON28)|Ki|"},
+      {"Frame7", "L1 (CON29)|+   (CON30)|L2 (CON31)|L3 (CON32)|+   (CON33)|L4 (CON34)|Ki|"}};
+  for (const auto& [frame, captions] : frames) {
+    std::map<int, QRadioButton*> rows;
+    for (auto* const option : find<QGroupBox>(frame)->findChildren<QRadioButton*>()) {
+      rows[option->y()] = option;
+    }
+    std::string seen;
+    for (const auto& [y, option] : rows) {
+      seen += option->text().toStdString() + "|";
+      EXPECT_EQ(option->isEnabled(), option->text().front() != QLatin1Char('+'));
+      EXPECT_EQ(option->isChecked(), option->text().trimmed() == QLatin1String("Ki"));
+    }
+    EXPECT_EQ(seen, captions);
+  }
 }
 
 TEST(LedBar, FillsFromItsFootAndChangesColourAtItsLimits) {

@@ -136,6 +136,22 @@ TEST_F(Shell, StatusLineTellsWhatNoBoxDoes) {
   EXPECT_EQ(lap.Esemeny.Caption.get(), "") << "an upload begins with a clean line";
 }
 
+TEST_F(Shell, BeepsLeaveTheProgramAndAMissingPermitIsPutIntoWords) {
+  lap.Form_Load();
+  lap.setup.FolLe[6].Value = 1;
+  journal.clear();
+  lap.setup.FolLe[6].pressDown();
+  EXPECT_EQ(journal, Journal{"beep"});
+  for (int n = 0; n < 7; ++n) lap.load.TapFel.click();
+  EXPECT_EQ(journal.back(), "beep");
+  EXPECT_EQ(lap.Esemeny.Caption.get().substr(0, 4), "100%");
+  lap.load.TulH.click();
+  for (int n = 0; n < 4; ++n) lap.load.TapFel.click();
+  EXPECT_EQ(lap.Esemeny.Caption.get().substr(0, 4), "150%");
+  lap.load.TapStop.click();
+  EXPECT_EQ(lap.Esemeny.Caption.get(), "");
+}
+
 TEST_F(Shell, TheChosenBoardIsStoredAtOnce) {
   lap.Form_Load();
   journal.clear();
