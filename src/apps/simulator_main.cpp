@@ -1,4 +1,5 @@
 #include <QTimer>
+#include <cstdint>
 #include <iostream>
 #include <map>
 #include <memory>
@@ -26,7 +27,7 @@ class Report {
     };
     port.moved = [this](std::int32_t address, const ports::VirtualController& controller) {
       if (!isSelected(controller)) return;
-      moving_[&controller] = {place(address, controller), true};
+      moving_[&controller] = {address, true};
     };
     lap.port.PCBV.Caption.observe([this, &port] {
       tellRested();
@@ -38,7 +39,7 @@ class Report {
 
  private:
   struct Movement {
-    std::string at;
+    std::int32_t address;
     bool sinceLastLook;
   };
 
@@ -82,8 +83,8 @@ class Report {
     if (rested) tellRested();
   }
 
-  static std::string state(const ports::VirtualController& controller, const Movement& movement) {
-    return movement.at + ": " + ports::describe(controller.machine());
+  std::string state(const ports::VirtualController& controller, const Movement& movement) const {
+    return place(movement.address, controller) + ": " + ports::describe(controller.machine());
   }
 
   static constexpr int interval_ = 150;

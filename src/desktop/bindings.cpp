@@ -44,17 +44,32 @@ void mirrorList(List* widget, controls::PickList& control, void (List::*show)(in
   mirrorEnabled(widget, control.Enabled);
 }
 
+/// A widget that is checked while the control's value is true. It may be toggled without a click,
+/// by a screen reader for one; the control decides what comes of it.
+template <class Control>
+void bindChecked(QAbstractButton* widget, Control& control, controls::Property<bool>& value) {
+  const auto show = [widget, &value] { widget->setChecked(value); };
+  mirror(value, show);
+  QObject::connect(widget, &QAbstractButton::toggled, widget, [&control, &value, show](bool on) {
+    if (on != value) control.click();
+    show();
+  });
+}
+
 /// Shows a colour that the program has set; one of the desktop's own is left to the theme.
 void mirrorColour(QWidget* widget, controls::Property<controls::Colour>& colour,
                   QPalette::ColorRole role) {
   const auto isSet = [&colour] { return (colour & 0x80000000U) == 0; };
   const auto show = [widget, &colour, role, isSet] {
-    const controls::Colour value = colour;
+    const auto part = [value = colour.get()](int shift) {
+      return static_cast<int>(value >> shift & 0xFF);
+    };
     QPalette colours = widget->palette();
-    colours.setColor(
-        role, isSet() ? QColor(static_cast<int>(value & 0xFF), static_cast<int>(value >> 8 & 0xFF),
-                               static_cast<int>(value >> 16 & 0xFF))
-                      : QGuiApplication::palette().color(role));
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+      colours.setColor(group, role,
+                       isSet() ? QColor(part(0), part(8), part(16))
+                               : QGuiApplication::palette().color(group, role));
+    }
     if (role == QPalette::Window) widget->setAutoFillBackground(isSet());
     widget->setPalette(colours);
   };
@@ -125,9 +140,8 @@ void bind(SpinArrows* widget, controls::SpinButton& control) {
 
 void bind(QCheckBox* widget, controls::CheckBox& control) {
   mirror(control.Caption, [widget, &control] { widget->setText(toQt(control.Caption.get())); });
-  mirror(control.Checked, [widget, &control] { widget->setChecked(control.Checked); });
+  bindChecked(widget, control, control.Checked);
   mirrorEnabled(widget, control.Enabled);
-  QObject::connect(widget, &QCheckBox::clicked, widget, [&control] { control.click(); });
 }
 
 void bind(QGroupBox* widget, controls::Frame& control) {
@@ -147,19 +161,21 @@ void bind(QPushButton* widget, controls::PushButton& control) {
 
 void bind(QPushButton* widget, controls::ToggleButton& control) {
   widget->setCheckable(true);
-  mirror(control.Value, [widget, &control] { widget->setChecked(control.Value); });
+  bindChecked(widget, control, control.Value);
   mirrorEnabled(widget, control.Enabled);
-  QObject::connect(widget, &QPushButton::clicked, widget, [&control] { control.click(); });
 }
 
 void bind(QRadioButton* widget, controls::OptionButton& control) {
   mirror(control.Value, [widget, &control] { widget->setChecked(control.Value); });
   mirrorEnabled(widget, control.Enabled);
-  QObject::connect(widget, &QRadioButton::clicked, widget, [&control] { control.click(); });
+  // The toolkit unchecks the one selected before by itself; the control follows on its own.
+  QObject::connect(widget, &QRadioButton::toggled, widget, [&control](bool checked) {
+    if (checked) control.click();
+  });
 }
 
 void bind(JogButton* widget, controls::HoldButton& control) {
-  mirror(control.Held, [widget, &control] { widget->setDown(control.Held); });
+  control.Held.observe([widget] { widget->update(); });
   mirrorEnabled(widget, control.Enabled);
 }
 

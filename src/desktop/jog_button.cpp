@@ -1,7 +1,6 @@
 #include "desktop/jog_button.h"
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
@@ -42,6 +41,8 @@ JogButton::JogButton(Qt::ArrowType arrow, int side, controls::HoldButton& contro
     : arrow_(arrow), control_(control) {
   setFixedSize(side, side);
   setMouseTracking(true);
+  setAttribute(Qt::WA_Hover);
+  setFocusPolicy(Qt::ClickFocus);
   bind(this, control);
   connect(qApp, &QGuiApplication::focusWindowChanged, this, [this] { control_.release(); });
 }
@@ -54,13 +55,12 @@ bool JogButton::event(QEvent* event) {
     case QEvent::FocusOut:
     case QEvent::Hide:
     case QEvent::UngrabMouse:
-    case QEvent::TouchCancel:
       control_.release();
       break;
     default:
       break;
   }
-  return QPushButton::event(event);
+  return QWidget::event(event);
 }
 
 bool JogButton::eventFilter(QObject* /*watched*/, QEvent* event) {
@@ -77,15 +77,12 @@ bool JogButton::eventFilter(QObject* /*watched*/, QEvent* event) {
   return false;
 }
 
-void JogButton::mousePressEvent(QMouseEvent* event) {
-  byKey_ = false;
+void JogButton::mousePressEvent(QMouseEvent* /*event*/) {
   control_.press();
-  event->accept();
 }
 
-void JogButton::mouseReleaseEvent(QMouseEvent* event) {
+void JogButton::mouseReleaseEvent(QMouseEvent* /*event*/) {
   control_.release();
-  event->accept();
 }
 
 void JogButton::mouseMoveEvent(QMouseEvent* event) {
@@ -93,32 +90,25 @@ void JogButton::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void JogButton::enterEvent(QEnterEvent* event) {
-  QPushButton::enterEvent(event);
   checkMouse(event->buttons());
 }
 
 void JogButton::checkMouse(Qt::MouseButtons buttons) {
   // The release has gone elsewhere.
-  if (buttons == Qt::NoButton && !byKey_) control_.release();
+  if (buttons == Qt::NoButton) control_.release();
 }
 
 void JogButton::keyPressEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Space) return QPushButton::keyPressEvent(event);
-  if (event->isAutoRepeat()) return;
-  byKey_ = true;
-  control_.press();
-}
-
-void JogButton::keyReleaseEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Space) return QPushButton::keyReleaseEvent(event);
-  if (!event->isAutoRepeat()) control_.release();
+  control_.release();
+  QWidget::keyPressEvent(event);
 }
 
 void JogButton::paintEvent(QPaintEvent* /*event*/) {
   QStylePainter painter(this);
   QStyleOptionButton option;
-  initStyleOption(&option);
-  painter.drawControl(QStyle::CE_PushButton, option);
+  option.initFrom(this);
+  option.state |= control_.Held ? QStyle::State_Sunken : QStyle::State_Raised;
+  painter.drawControl(QStyle::CE_PushButtonBevel, option);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   painter.setBrush(palette().buttonText());

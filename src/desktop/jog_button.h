@@ -1,18 +1,21 @@
 #pragma once
 
-#include <QPushButton>
+#include <QWidget>
 
 #include "controls/controls.h"
 
 namespace monitra::desktop {
 
-/// An arrow that acts while it is held, by any button of the mouse or by the space bar. It comes up
-/// as soon as nobody can be sure that it is still held: at the loss of the focus or of the mouse
-/// grab, at a dialog, and when its window is left, minimised, hidden or closed.
-/// Dragging the mouse away doesn't let it go.
-class JogButton : public QPushButton {
+/// An arrow that acts while a button of the mouse holds it; dragging the mouse away doesn't let it
+/// go. It comes up as soon as nobody can be sure that it is still held: at the loss of the focus or
+/// of the mouse grab, at a dialog, at any key, and when its window is left, minimised, hidden or
+/// closed. Several of these come together, so that none of them is relied on alone.
+///
+/// A key doesn't hold it: a window manager can swallow the release of a key, and the motor would
+/// run on.
+class JogButton : public QWidget {
  public:
-  /// The side is in pixels. The control must outlive it.
+  /// The side is in pixels. The control must outlive it, and not change after it.
   JogButton(Qt::ArrowType arrow, int side, controls::HoldButton& control);
 
  protected:
@@ -23,7 +26,6 @@ class JogButton : public QPushButton {
   void mouseMoveEvent(QMouseEvent* event) override;
   void enterEvent(QEnterEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  void keyReleaseEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
@@ -31,7 +33,6 @@ class JogButton : public QPushButton {
 
   const Qt::ArrowType arrow_;
   controls::HoldButton& control_;
-  bool byKey_ = false;  ///< the space bar holds it
 };
 
 }  // namespace monitra::desktop

@@ -10,7 +10,7 @@ namespace monitra::desktop {
 /// up to the first limit of the meter, yellow up to the second, red above.
 class LedBar : public QWidget {
  public:
-  /// The control must outlive it.
+  /// The control must outlive it, and not change after it.
   explicit LedBar(controls::LedMeter& control, QWidget* parent = nullptr);
 
  protected:

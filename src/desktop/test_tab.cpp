@@ -9,7 +9,6 @@
 #include <QPushButton>
 
 #include "desktop/jog_area.h"
-#include "desktop/jog_button.h"
 #include "desktop/tick_timer.h"
 #include "desktop/widgets.h"
 
@@ -24,13 +23,6 @@ TestTab::TestTab(bench::JogPanel& jog, bench::BitPanel& bits, link::PortPanel& p
   columns->addLayout(jogColumn(jog), 1);
   columns->addLayout(portColumn(port));
   columns->addWidget(bitFrame(bits, port));
-
-  // From the button that starts the generator the next are those that need it.
-  auto* before = findChild<QWidget*>(QStringLiteral("Impulzus"));
-  for (JogButton* const button : findChildren<JogButton*>()) {
-    setTabOrder(before, button);
-    before = button;
-  }
 }
 
 QLayout* TestTab::jogColumn(bench::JogPanel& jog) {

@@ -41,6 +41,7 @@ TickTimer::~TickTimer() {
 }
 
 void TickTimer::restart() {
+  ++starts_;
   if (!control_.Enabled || control_.Interval <= 0) {
     arm({});
     return;
@@ -53,7 +54,9 @@ void TickTimer::tick() {
   std::uint64_t expirations = 0;
   // Nothing to read means that the timer was set anew behind the event.
   if (::read(clock_, &expirations, sizeof expirations) != sizeof expirations) return;
+  const int starts = starts_;
   control_.tick();
+  if (starts_ != starts) return;
   schedule_.ticked(now());
   arm(schedule_.due());
 }

@@ -33,7 +33,7 @@ class TickSchedule {
 
 /// Ticks a timer control from the event loop, by the kernel's clock and not by the toolkit's
 /// timers, which count in whole milliseconds and fall behind at such intervals.
-/// The control must outlive it.
+/// The control must outlive it, and not change after it.
 class TickTimer : public QObject {
  public:
   explicit TickTimer(controls::Timer& control, QObject* parent = nullptr);
@@ -49,7 +49,8 @@ class TickTimer : public QObject {
 
   controls::Timer& control_;
   TickSchedule schedule_;
-  int clock_;  ///< file descriptor that can be read once the time has come
+  int starts_ = 0;  ///< how often it was set anew, also to nothing
+  int clock_;       ///< file descriptor that can be read once the time has come
 };
 
 }  // namespace monitra::desktop

@@ -65,6 +65,14 @@ TEST(TickTimer, TicksWhileItIsEnabledWithAnIntervalAboveZero) {
   timer.Enabled = true;
   timer.Interval = 2;
   EXPECT_TRUE(QTest::qWaitFor([&] { return ticks > before; })) << "a new interval starts at once";
+  timer.Tick.handle([&] {
+    ++ticks;
+    timer.Interval = 60000;
+  });
+  const int last = ticks;
+  EXPECT_TRUE(QTest::qWaitFor([&] { return ticks > last; }));
+  QTest::qWait(20);
+  EXPECT_EQ(ticks, last + 1) << "set anew by its own tick";
 }
 
 struct BenchTabs : support::Window {
@@ -120,7 +128,7 @@ TEST_F(BenchTabs, AHeldJogButtonComesUpWhateverInterruptsIt) {
        }},
       {"the focus elsewhere", [&] { find<QLineEdit>("Seb")->setFocus(); }},
       {"lost grab", [&] { send(QEvent::UngrabMouse); }},
-      {"cancelled touch", [&] { send(QEvent::TouchCancel); }},
+      {"a key", [&] { QTest::keyClick(jog, Qt::Key_Escape); }},
       {"minimised", [&] { window->showMinimized(); }},
       {"hidden", [&] { window->hide(); }},
       {"another window",
@@ -164,10 +172,10 @@ TEST_F(BenchTabs, AHeldJogButtonComesUpWhateverInterruptsIt) {
     lap.jog.Impulzus.click();
     QTest::mousePress(jog, Qt::RightButton, {}, middle);
     QTest::mouseMove(jog, {-90, -90});
-    EXPECT_TRUE(held() && jog->isDown());
+    EXPECT_TRUE(held());
     EXPECT_TRUE(QTest::qWaitFor(pulsed));
     interrupt();
-    EXPECT_FALSE(held() || jog->isDown());
+    EXPECT_FALSE(held());
     journal.clear();
     QTest::qWait(5);
     EXPECT_FALSE(pulsed()) << "a pulse after the button came up";
@@ -176,23 +184,37 @@ TEST_F(BenchTabs, AHeldJogButtonComesUpWhateverInterruptsIt) {
   }
 }
 
-TEST_F(BenchTabs, TheSpaceBarHoldsAJogButtonAndItsRepeatsDoNot) {
+TEST_F(BenchTabs, AJogButtonLooksHeldWhileItIsAndNoKeyHoldsIt) {
   showTab(1);
   startGenerator();
   auto* const jog = find<JogButton>("Mozg(2)");
-  const auto key = [jog](QEvent::Type type, bool repeat) {
-    QKeyEvent event(type, Qt::Key_Space, Qt::NoModifier, {}, repeat);
-    QApplication::sendEvent(jog, &event);
-  };
   jog->setFocus();
-  key(QEvent::KeyPress, false);
-  for (const auto type : {QEvent::KeyRelease, QEvent::KeyPress}) key(type, true);
-  QTest::mouseMove(jog, jog->rect().center());
-  EXPECT_TRUE(held());
-  key(QEvent::KeyRelease, false);
+  const auto look = [jog] { return jog->grab().toImage(); };
+  const QImage up = look();
+  QTest::keyPress(jog, Qt::Key_Space);
   EXPECT_FALSE(held());
-  key(QEvent::KeyPress, true);
-  EXPECT_FALSE(held()) << "a repeat alone starts nothing";
+  lap.jog.Mozg[2].press();
+  EXPECT_NE(look(), up);
+  lap.jog.Mozg[2].release();
+  EXPECT_EQ(look(), up);
+}
+
+TEST_F(BenchTabs, AToggleWithoutAClickReachesTheControl) {
+  const auto toggle = [this](const char* name) { find<QAbstractButton>(name)->toggle(); };
+  showTab(1);
+  toggle("Bitcim(0)");
+  EXPECT_TRUE(lap.port.Bitcim[0].Checked);
+  toggle("Impulzus");
+  EXPECT_TRUE(lap.jog.Impulzus.Value && lap.jog.Timer1.Enabled);
+  toggle("Impulzus");
+  EXPECT_FALSE(lap.jog.Impulzus.Value || find<QPushButton>("Impulzus")->isChecked());
+  showTab(2);
+  toggle("L(0)");
+  EXPECT_TRUE(lap.phases.L[0].Value);
+  EXPECT_EQ(std::count(journal.begin(), journal.end(), "z1"), 6 * 24);
+  toggle("L(0)");
+  EXPECT_TRUE(find<QRadioButton>("L(0)")->isChecked());
+  EXPECT_FALSE(find<QRadioButton>("L(6)")->isChecked());
 }
 
 TEST_F(BenchTabs, TheRowOfTabsStopsTheGeneratorHoweverTheTabIsChanged) {
@@ -205,7 +227,13 @@ TEST_F(BenchTabs, TheRowOfTabsStopsTheGeneratorHoweverTheTabIsChanged) {
         QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, {}, tabs->tabBar()->tabRect(1).center());
       },
       [&] { QTest::keyClick(tabs, Qt::Key_Tab, Qt::ControlModifier); },
-      [&] { tabs->tabBar()->setFocus(); }, [&] { tabs->setCurrentIndex(2); }};
+      [&] { tabs->tabBar()->setFocus(); },
+      [&] { tabs->setCurrentIndex(2); },
+      [&] {
+        tabs->tabBar()->setFocus();
+        lap.jog.Impulzus.click();
+        QTest::keyClick(tabs->tabBar(), Qt::Key_Right);
+      }};
   for (const auto& change : ways) {
     showTab(1);
     startGenerator();
