@@ -50,11 +50,13 @@ class Report {
 
   /// The controller's place, as "&H378 PCB V4.x".
   std::string place(std::int32_t address, const ports::VirtualController& controller) const {
-    const std::string board(controller.wiring().board);
+    std::string at;
     for (const std::string& entry : lap_.port.LPT.Items) {
-      if (link::portAddress(entry) == address) return entry + " " + board;
+      if (link::portAddress(entry) == address) at = entry;
     }
-    return board;
+    at += ' ';
+    at += controller.wiring().board;
+    return at;
   }
 
   void tellReceived(const std::string& at, const ports::VirtualController& controller,

@@ -38,6 +38,9 @@ inline constexpr Colour green = 0xFF00;
 inline constexpr Colour yellow = 0xFFFF;
 inline constexpr Colour windowText = 0x80000008;
 inline constexpr Colour buttonFace = 0x8000000F;
+inline constexpr bool ofDesktop(Colour value) {
+  return (value & 0x80000000) != 0;
+}
 }  // namespace colour
 
 struct Form {

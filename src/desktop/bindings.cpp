@@ -59,7 +59,7 @@ void bindChecked(QAbstractButton* widget, Control& control, controls::Property<b
 /// Shows a colour that the program has set; one of the desktop's own is left to the theme.
 void mirrorColour(QWidget* widget, controls::Property<controls::Colour>& colour,
                   QPalette::ColorRole role) {
-  const auto isSet = [&colour] { return (colour & 0x80000000U) == 0; };
+  const auto isSet = [&colour] { return !controls::colour::ofDesktop(colour); };
   const auto show = [widget, &colour, role, isSet] {
     const auto part = [value = colour.get()](int shift) {
       return static_cast<int>(value >> shift & 0xFF);
