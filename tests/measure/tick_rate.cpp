@@ -30,11 +30,11 @@ int main(int argc, char** argv) {
   lap.jog.Seb.type(rate);
   // The window gets the focus first, which would stop the generator.
   constexpr int settled = 300;
-  QTimer::singleShot(settled, &application, [&lap] {
+  QTimer::singleShot(settled, &application, [&] {
     lap.jog.Impulzus.click();
     lap.jog.Mozg[0].press();
+    QTimer::singleShot(seconds * 1000, Qt::PreciseTimer, &application, &QApplication::quit);
   });
-  QTimer::singleShot(settled + seconds * 1000, &application, &QApplication::quit);
   QApplication::exec();
 
   // The first write to the control register is a tick's beginning.
