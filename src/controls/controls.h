@@ -141,7 +141,7 @@ struct HoldButton {
     });
   }
 
-  /// A mouse button, or key, has gone down on it; one more while it is held counts too.
+  /// A mouse button has gone down on it; one more while it is held counts too.
   void press() {
     if (!Enabled) return;
     Held = true;

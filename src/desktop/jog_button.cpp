@@ -1,6 +1,7 @@
 #include "desktop/jog_button.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QMouseEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
@@ -11,6 +12,8 @@
 namespace monitra::desktop {
 
 namespace {
+
+constexpr int signOfLifeMilliseconds = 20;
 
 QPolygonF upArrow(double size) {
   return QPolygonF({{0, -size / 2},
@@ -44,6 +47,10 @@ JogButton::JogButton(Qt::ArrowType arrow, int side, controls::HoldButton& contro
   setAttribute(Qt::WA_Hover);
   setFocusPolicy(Qt::ClickFocus);
   bind(this, control);
+  // The pointer's place is asked for only because the answer has to be waited for.
+  signOfLife_.setInterval(signOfLifeMilliseconds);
+  connect(&signOfLife_, &QTimer::timeout, this, [] { QCursor::pos(); });
+  control_.Held.observe([this] { control_.Held ? signOfLife_.start() : signOfLife_.stop(); });
   connect(qApp, &QGuiApplication::focusWindowChanged, this, [this] { control_.release(); });
 }
 

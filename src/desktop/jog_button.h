@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 
 #include "controls/controls.h"
@@ -12,7 +13,8 @@ namespace monitra::desktop {
 /// closed. Several of these come together, so that none of them is relied on alone.
 ///
 /// A key doesn't hold it: a window manager can swallow the release of a key, and the motor would
-/// run on.
+/// run on. And while it is held the display is asked for a sign of life: a display that hangs
+/// delivers no release, so the thread waits for it, and with the thread the pulses.
 class JogButton : public QWidget {
  public:
   /// The side is in pixels. The control must outlive it, and not change after it.
@@ -33,6 +35,7 @@ class JogButton : public QWidget {
 
   const Qt::ArrowType arrow_;
   controls::HoldButton& control_;
+  QTimer signOfLife_;
 };
 
 }  // namespace monitra::desktop
