@@ -1,6 +1,7 @@
 #include "bench/load_test.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 #include "timing/numbers.h"
@@ -19,16 +20,6 @@ constexpr int warningAbove = 7;
 controls::Colour loadColour(int step) {
   if (step <= fullLoad) return colour::green;
   return step <= firstPermit ? colour::yellow : colour::red;
-}
-
-/// Each step switches on the next line: the first line of X, Y and Z, then the second of each ...
-std::uint8_t loadMotor(int step) {
-  constexpr std::uint8_t motors[] = {link::MotorX, link::MotorY, link::MotorZ};
-  return motors[(step - 1) % 3];
-}
-std::uint8_t loadLine(int step) {
-  constexpr std::uint8_t lines[] = {link::FazisL1, link::FazisL2, link::FazisL3, link::FazisL4};
-  return lines[(step - 1) / 3];
 }
 
 }  // namespace
@@ -82,7 +73,9 @@ void LoadTest::loadOneMore() {
   TapLepes = static_cast<std::uint8_t>(std::min(TapLepes + 1, loadSteps));
   panel_.LEDsav.Level = loadLevel(TapLepes);
   warn(TapLepes > warningAbove);
-  frames_.KeretKuld(loadMotor(TapLepes), loadLine(TapLepes));
+  // The first line of each motor comes on, then the second of each ...
+  const std::size_t line = TapLepes - 1U;
+  frames_.KeretKuld(link::motors[line % 3], link::phaseLines[line / 3]);
   panel_.Taptext.ForeColor = loadColour(TapLepes);
   panel_.Taptext.Text = loadText(TapLepes);
 }

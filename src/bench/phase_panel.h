@@ -17,7 +17,7 @@ constexpr int motorOf(int index) {
   return index / phaseRows;
 }
 constexpr int rowOf(int index) {
-  return motorOf(index) == 0 ? index : phaseRows * (motorOf(index) + 1) - 1 - index;
+  return phaseIndex(motorOf(index), index);
 }
 
 /// The controls of the phase test, with the values of the window description.

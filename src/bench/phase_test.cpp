@@ -1,5 +1,7 @@
 #include "bench/phase_test.h"
 
+#include <cstddef>
+
 namespace monitra::bench {
 
 PhaseTest::PhaseTest(PhasePanel& panel, LoadTest& load, link::CommandFrames& frames)
@@ -13,11 +15,10 @@ PhaseTest::PhaseTest(PhasePanel& panel, LoadTest& load, link::CommandFrames& fra
 }
 
 void PhaseTest::L_Click(int Index) {
-  constexpr std::uint8_t motors[] = {link::MotorX, link::MotorY, link::MotorZ};
   constexpr std::uint8_t none = 0;
   constexpr std::uint8_t values[phaseRows] = {
       link::FazisL1, none, link::FazisL2, link::FazisL3, none, link::FazisL4, link::FazisKi};
-  const std::uint8_t motor = motors[motorOf(Index)];
+  const std::uint8_t motor = link::motors[static_cast<std::size_t>(motorOf(Index))];
   const std::uint8_t value = values[rowOf(Index)];
   if (value == none) return;
   if (load_.TapLepes > 0) load_.TapStop_Click();

@@ -6,8 +6,8 @@
 
 namespace monitra::bench {
 
-/// Drives one winding line of each motor at a time. The selected buttons show what was last sent;
-/// the controller reports nothing back.
+/// Drives one winding line of each motor at a time. The selected buttons show what was last chosen
+/// here, which a load test or its stop may have overtaken; the controller reports nothing back.
 /// Binds its handlers to the phase panel; all arguments must outlive it.
 class PhaseTest {
  public:

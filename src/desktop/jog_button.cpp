@@ -38,6 +38,21 @@ int turn(Qt::ArrowType arrow) {
   }
 }
 
+/// Whether the mouse can't be relied on any more once this has come to the button or its window.
+bool interrupts(const QEvent& event) {
+  switch (event.type()) {
+    case QEvent::FocusOut:
+    case QEvent::UngrabMouse:
+    case QEvent::Hide:
+    case QEvent::WindowBlocked:
+    case QEvent::WindowStateChange:
+    case QEvent::Close:
+      return true;
+    default:
+      return false;
+  }
+}
+
 }  // namespace
 
 JogButton::JogButton(Qt::ArrowType arrow, int side, controls::HoldButton& control)
@@ -55,32 +70,13 @@ JogButton::JogButton(Qt::ArrowType arrow, int side, controls::HoldButton& contro
 }
 
 bool JogButton::event(QEvent* event) {
-  switch (event->type()) {
-    case QEvent::Show:
-      window()->installEventFilter(this);
-      break;
-    case QEvent::FocusOut:
-    case QEvent::Hide:
-    case QEvent::UngrabMouse:
-      control_.release();
-      break;
-    default:
-      break;
-  }
+  if (event->type() == QEvent::Show) window()->installEventFilter(this);
+  if (interrupts(*event)) control_.release();
   return QWidget::event(event);
 }
 
 bool JogButton::eventFilter(QObject* /*watched*/, QEvent* event) {
-  switch (event->type()) {
-    case QEvent::WindowBlocked:
-    case QEvent::WindowStateChange:
-    case QEvent::Hide:
-    case QEvent::Close:
-      control_.release();
-      break;
-    default:
-      break;
-  }
+  if (interrupts(*event)) control_.release();
   return false;
 }
 

@@ -9,7 +9,7 @@ void CommandFrames::KeretKuld(std::uint8_t motor, std::uint8_t value) {
 }
 
 void CommandFrames::allMotorsOff() {
-  for (const std::uint8_t motor : {MotorX, MotorY, MotorZ}) KeretKuld(motor, FazisKi);
+  for (const std::uint8_t motor : motors) KeretKuld(motor, FazisKi);
 }
 
 }  // namespace monitra::link

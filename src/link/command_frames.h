@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 #include "link/serial_line.h"
@@ -17,6 +18,10 @@ inline constexpr std::uint8_t FazisL2 = 2;
 inline constexpr std::uint8_t FazisL3 = 4;
 inline constexpr std::uint8_t FazisL4 = 8;
 inline constexpr std::uint8_t FazisKi = 16;
+
+/// The motors X, Y, Z, and the four lines of each.
+inline constexpr std::array motors{MotorX, MotorY, MotorZ};
+inline constexpr std::array phaseLines{FazisL1, FazisL2, FazisL3, FazisL4};
 
 /// Three-byte commands to a controller in its mode "PC-Link". A frame takes effect at once and
 /// lasts; nothing comes back. The line must outlive it.

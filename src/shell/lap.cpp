@@ -34,12 +34,12 @@ Lap::Lap(Outside outside)
   MFSetMent.Click.handle([this] { saveSetup(); });
   MFkilepes.Click.handle([this] { MFkilepes_Click(); });
   SSTab1.Tab.handle([this] { SSTab1_Click(); });
-  SSTab1.GotFocus.handle([this] { SSTab1_GotFocus(); });
   upload_.begun.handle([this] { Esemeny.Caption = ""; });
   bindBench();
 }
 
 void Lap::bindBench() {
+  SSTab1.GotFocus.handle([this] { generator_.SSTab1_GotFocus(); });
   generator_.switched.handle([this] {
     Esemeny.Caption = jog.Impulzus.Value ? generatorText(jog.Timer1.Interval) : std::string{};
   });
@@ -110,10 +110,6 @@ void Lap::MFkilepes_Click() {
 void Lap::SSTab1_Click() {
   constexpr int pcLink = 2;
   if (SSTab1.Tab == pcLink) line_.SorosAlap();
-}
-
-void Lap::SSTab1_GotFocus() {
-  generator_.SSTab1_GotFocus();
 }
 
 void Lap::openSetup() {

@@ -66,7 +66,6 @@ class Lap {
 
   void MFkilepes_Click();
   void SSTab1_Click();
-  void SSTab1_GotFocus();
 
   /// For a caller that needs to know how an operation went.
   link::Upload& upload() { return upload_; }

@@ -183,7 +183,7 @@ TEST_F(Motors, EachPartOfAPressComesInItsOrder) {
 TEST_F(Motors, PhaseAndLoadTestsEndEachOtherInAnyOrderOfPresses) {
   std::mt19937 random(34);
   std::array<int, 3> rows{6, 6, 6};
-  int step = 0;
+  int step = 0, highest = 0;
   bool permit150 = false, permit200 = false;
   Bytes sent;
   const int motors[] = {99, 110, 120};
@@ -240,6 +240,7 @@ TEST_F(Motors, PhaseAndLoadTestsEndEachOtherInAnyOrderOfPresses) {
           break;
         }
         step = std::min(step + 1, 12);
+        highest = std::max(highest, step);
         send(motors[(step - 1) % 3], lines[(step - 1) / 3]);
     }
     support::expectBytes(expected, "378", 0, 5, 7, sent);
@@ -252,6 +253,7 @@ TEST_F(Motors, PhaseAndLoadTestsEndEachOtherInAnyOrderOfPresses) {
       options += std::to_string(m == 0 ? rows[0] : 7 * m + 6 - rows[m]) + " ";
     ASSERT_EQ(selected(), options);
   }
+  EXPECT_EQ(highest, 12) << "the presses must reach what they are about";
 }
 
 TEST_F(Motors, APhaseClickEndsTheLoadTestAndALoadPressThePhaseTest) {
