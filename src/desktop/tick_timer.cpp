@@ -20,7 +20,7 @@ void TickSchedule::ticked(Duration now) {
   constexpr std::chrono::milliseconds worthCatchingUp{50};
   grid_ += interval_;
   if (now - grid_ > worthCatchingUp) grid_ = now + interval_;
-  due_ = std::max(grid_, now + interval_ * 3 / 4);
+  due_ = std::max(grid_, now + interval_ * 2 / 3);
 }
 
 TickTimer::TickTimer(controls::Timer& control, QObject* parent)
@@ -40,9 +40,12 @@ TickTimer::~TickTimer() {
   ::close(clock_);
 }
 
+bool TickTimer::runs() const {
+  return control_.Enabled && control_.Interval > 0;
+}
+
 void TickTimer::restart() {
-  ++starts_;
-  if (!control_.Enabled || control_.Interval <= 0) {
+  if (!runs()) {
     arm({});
     return;
   }
@@ -54,10 +57,11 @@ void TickTimer::tick() {
   std::uint64_t expirations = 0;
   // Nothing to read means that the timer was set anew behind the event.
   if (::read(clock_, &expirations, sizeof expirations) != sizeof expirations) return;
-  const int starts = starts_;
   control_.tick();
-  if (starts_ != starts) return;
-  schedule_.ticked(now());
+  const TickSchedule::Duration after = now();
+  // The tick itself may have stopped the timer or set it anew.
+  if (!runs() || after < schedule_.due()) return;
+  schedule_.ticked(after);
   arm(schedule_.due());
 }
 

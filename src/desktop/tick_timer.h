@@ -9,9 +9,8 @@ namespace monitra::desktop {
 
 /// When a periodic timer is due. Its ticks stand on a grid of whole intervals from the start, so
 /// that the mean rate is the nominal one. After a late tick those behind it come faster until they
-/// are back on the grid, but never closer than three quarters of an interval, for a motor to
-/// follow. What is behind by more than 50 ms and an interval is given up: the grid then starts
-/// anew.
+/// are back on the grid, but never closer than two thirds of an interval, for a motor to follow.
+/// What is behind by more than 50 ms and an interval is given up: the grid then starts anew.
 class TickSchedule {
  public:
   using Duration = std::chrono::nanoseconds;
@@ -42,6 +41,7 @@ class TickTimer : public QObject {
   ~TickTimer() override;
 
  private:
+  bool runs() const;
   void restart();
   void tick();
   /// A due time of 0 never comes.
@@ -49,8 +49,7 @@ class TickTimer : public QObject {
 
   controls::Timer& control_;
   TickSchedule schedule_;
-  int starts_ = 0;  ///< how often it was set anew, also to nothing
-  int clock_;       ///< file descriptor that can be read once the time has come
+  int clock_;  ///< file descriptor that can be read once the time has come
 };
 
 }  // namespace monitra::desktop

@@ -27,20 +27,20 @@ namespace {
 using std::chrono::milliseconds;
 
 TEST(TickSchedule, KeepsToItsGridAndMakesUpALateTickWithoutABurst) {
-  // Each row: when the ticks of an interval of 100 µs come, and when the next one is due.
-  const std::pair<std::vector<int>, int> rows[] = {{{100}, 200},
-                                                   {{100, 203, 324}, 400},
-                                                   {{100, 230}, 305},
-                                                   {{100, 350}, 425},
-                                                   {{100, 350, 425, 500, 575}, 650},
-                                                   {{100, 350, 425, 500, 575, 650}, 725},
-                                                   {{50200}, 50275},
-                                                   {{50201}, 50301},
-                                                   {{900000, 900100}, 900200}};
+  // Each row: when the ticks of an interval of 90 µs come, and when the next one is due.
+  const std::pair<std::vector<int>, int> rows[] = {{{90}, 180},
+                                                   {{90, 183, 294}, 360},
+                                                   {{90, 220}, 280},
+                                                   {{90, 330}, 390},
+                                                   {{90, 330, 390, 450, 510}, 570},
+                                                   {{90, 330, 390, 450, 510, 570, 630}, 720},
+                                                   {{50180}, 50240},
+                                                   {{50181}, 50271},
+                                                   {{900000, 900090}, 900180}};
   for (const auto& [ticks, due] : rows) {
     using std::chrono::microseconds;
-    TickSchedule schedule(milliseconds(7), microseconds(100));
-    EXPECT_EQ(schedule.due(), milliseconds(7) + microseconds(100));
+    TickSchedule schedule(milliseconds(7), microseconds(90));
+    EXPECT_EQ(schedule.due(), milliseconds(7) + microseconds(90));
     for (const int tick : ticks) schedule.ticked(milliseconds(7) + microseconds(tick));
     EXPECT_EQ(schedule.due() - milliseconds(7), microseconds(due)) << ticks.back();
   }
