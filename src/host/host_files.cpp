@@ -25,6 +25,8 @@ Failure failureOf(int error) {
       return Failure::PathFileAccess;
     case ENOENT:
       return Failure::FileNotFound;
+    case EEXIST:
+      return Failure::FileExists;
     case ENOTDIR:
     case ELOOP:
     case ENAMETOOLONG:
@@ -95,6 +97,17 @@ class HostWriter : public platform::ByteWriter {
   Descriptor file_;
 };
 
+Failure openWriter(const std::string& path, int ifPresent,
+                   std::unique_ptr<platform::ByteWriter>& file) {
+  constexpr mode_t everyoneAsUmaskAllows = 0666;
+  Descriptor opened(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK | ifPresent,
+                           everyoneAsUmaskAllows));
+  // Writing creates the file, so what is not found is its folder.
+  if (opened.get() < 0) return errno == ENOENT ? Failure::PathNotFound : failureOf(errno);
+  file = std::make_unique<HostWriter>(std::move(opened));
+  return Failure::None;
+}
+
 }  // namespace
 
 std::string HostFiles::Dir(const std::string& path) {
@@ -136,13 +149,15 @@ Failure HostFiles::openForReading(const std::string& path,
 
 Failure HostFiles::openForWriting(const std::string& path,
                                   std::unique_ptr<platform::ByteWriter>& file) {
-  constexpr mode_t everyoneAsUmaskAllows = 0666;
-  Descriptor opened(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK,
-                           everyoneAsUmaskAllows));
-  // Writing creates the file, so what is not found is its folder.
-  if (opened.get() < 0) return errno == ENOENT ? Failure::PathNotFound : failureOf(errno);
-  file = std::make_unique<HostWriter>(std::move(opened));
-  return Failure::None;
+  return openWriter(path, O_TRUNC, file);
+}
+
+Failure HostFiles::createForWriting(const std::string& path,
+                                    std::unique_ptr<platform::ByteWriter>& file) {
+  const Failure failure = openWriter(path, O_EXCL, file);
+  std::error_code error;
+  const bool folder = failure == Failure::FileExists && std::filesystem::is_directory(path, error);
+  return folder ? Failure::PathFileAccess : failure;
 }
 
 }  // namespace monitra::host

@@ -12,6 +12,8 @@ class HostFiles : public platform::Files {
                                    std::unique_ptr<platform::ByteReader>& file) override;
   platform::Failure openForWriting(const std::string& path,
                                    std::unique_ptr<platform::ByteWriter>& file) override;
+  platform::Failure createForWriting(const std::string& path,
+                                     std::unique_ptr<platform::ByteWriter>& file) override;
 };
 
 }  // namespace monitra::host

@@ -9,6 +9,7 @@ enum class Failure : int {
   LineTooLong = 14,
   FileNotFound = 53,
   DeviceIo = 57,
+  FileExists = 58,
   DiskFull = 61,
   EndOfFile = 62,
   PathFileAccess = 75,

@@ -42,6 +42,9 @@ class Files {
 
   /// An existing file is emptied.
   virtual Failure openForWriting(const std::string& path, std::unique_ptr<ByteWriter>& file) = 0;
+
+  /// Failure::FileExists, and nothing changed, if there is anything at the path but a folder.
+  virtual Failure createForWriting(const std::string& path, std::unique_ptr<ByteWriter>& file) = 0;
 };
 
 /// The single-byte code page of text files. Every byte has a character and comes back from it.

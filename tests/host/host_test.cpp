@@ -21,6 +21,9 @@ struct Host : testing::Test {
   }
   Failure read(const std::string& path) { return files.openForReading(path, reader); }
   Failure write(const std::string& path) { return files.openForWriting(path, writer); }
+  Failure create(const std::string& name) {
+    return files.createForWriting(scratch.path(name), writer);
+  }
 
   support::Scratch scratch;
   HostFiles files;
@@ -46,6 +49,15 @@ TEST_F(Host, EveryFailureHasItsCode) {
   EXPECT_EQ(read(scratch.path("Info.txt/x")), Failure::PathNotFound);
   EXPECT_EQ(write(scratch.path("mappa")), Failure::PathFileAccess);
   EXPECT_EQ(write(scratch.path("nincs/x")), Failure::PathNotFound);
+  std::filesystem::create_symlink("sehol", scratch.path("szakadt"));
+  for (const char* taken : {"Info.txt", "szakadt", "cso"}) {
+    EXPECT_EQ(create(taken), Failure::FileExists) << taken;
+  }
+  EXPECT_EQ(create("mappa"), Failure::PathFileAccess);
+  EXPECT_EQ(create("nincs/x"), Failure::PathNotFound);
+  ASSERT_EQ(create("uj"), Failure::None);
+  EXPECT_EQ(writer->write("x"), Failure::None);
+  EXPECT_EQ(scratch.read("uj") + scratch.read("Info.txt"), "xabc");
   ASSERT_EQ(write("/dev/full"), Failure::None);
   EXPECT_EQ(writer->write("x"), Failure::DiskFull);
   ASSERT_EQ(read(scratch.path("Info.txt")), Failure::None);
@@ -69,6 +81,7 @@ TEST_F(Host, WhatPermissionsForbidIsAnAccessFailure) {
   EXPECT_EQ(files.Dir(file), "zart");
   EXPECT_EQ(read(file), Failure::PathFileAccess);
   EXPECT_EQ(write(scratch.path("uj")), Failure::PathFileAccess);
+  EXPECT_EQ(create("uj"), Failure::PathFileAccess);
   ::chmod(scratch.path().c_str(), 0100);
   EXPECT_EQ(files.Dir(file), "zart") << "in a folder that can't be listed";
   if (root) {

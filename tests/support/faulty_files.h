@@ -19,9 +19,12 @@ class FaultyFiles : public platform::Files {
 
   platform::Failure openForWriting(const std::string& path,
                                    std::unique_ptr<platform::ByteWriter>& file) override {
-    const platform::Failure failure = real_.openForWriting(path, file);
-    if (failure == platform::Failure::None) file = std::make_unique<Writer>(std::move(file), *this);
-    return failure;
+    return wrapped(real_.openForWriting(path, file), file);
+  }
+
+  platform::Failure createForWriting(const std::string& path,
+                                     std::unique_ptr<platform::ByteWriter>& file) override {
+    return wrapped(real_.createForWriting(path, file), file);
   }
 
   int writesThatSucceed = -1;  ///< -1: all
@@ -47,6 +50,11 @@ class FaultyFiles : public platform::Files {
     std::unique_ptr<platform::ByteWriter> real_;
     FaultyFiles& faults_;
   };
+
+  platform::Failure wrapped(platform::Failure opened, std::unique_ptr<platform::ByteWriter>& file) {
+    if (opened == platform::Failure::None) file = std::make_unique<Writer>(std::move(file), *this);
+    return opened;
+  }
 
   host::HostFiles real_;
 };
