@@ -5,7 +5,6 @@
 #include "store/pwm_format.h"
 #include "store/text_reader.h"
 #include "store/window_title.h"
-#include "timing/numbers.h"
 
 namespace monitra::store {
 
@@ -13,7 +12,7 @@ using platform::BoxAnswer;
 using platform::Failure;
 namespace box_style = platform::box_style;
 
-SetupFiles::SetupFiles(const Outside& outside, timing::Kozos& kozos, timing::SetupPanel& panel,
+SetupFiles::SetupFiles(const FileOutside& outside, timing::Kozos& kozos, timing::SetupPanel& panel,
                        timing::Editions& editions, controls::Form& form)
     : outside_(outside), kozos_(kozos), panel_(panel), editions_(editions), form_(form) {}
 
@@ -22,7 +21,7 @@ Failure SetupFiles::MFSetMent_Click() {
   prepareDialog();
   Failure failure = outside_.Fileablak.ShowSave();
   if (failure == Failure::None) {
-    if (exists() &&
+    if (exists(outside_) &&
         outside_.box.MsgBox("'" + outside_.Fileablak.FileTitle + "' már létezik!\r\nFelülírjam?",
                             box_style::exclamation | box_style::yesNo) == BoxAnswer::No) {
       return Failure::Cancel;
@@ -51,7 +50,7 @@ OpenResult SetupFiles::MFSetNyit_Click() {
   prepareDialog();
   result.failure = outside_.Fileablak.ShowOpen();
   if (result.failure == Failure::None) {
-    if (!exists()) {
+    if (!exists(outside_)) {
       outside_.box.MsgBox(
           "'" + outside_.Fileablak.FileTitle + "' nem létezik!\r\nAdjon meg létező File nevet!",
           box_style::critical | box_style::okOnly);
@@ -94,25 +93,9 @@ void SetupFiles::prepareDialog() {
   outside_.Fileablak.FileName = "Modositott.pwm";
 }
 
-bool SetupFiles::exists() {
-  const std::string& title = outside_.Fileablak.FileTitle;
-  return !title.empty() && outside_.files.Dir(outside_.Fileablak.FileName) == title;
-}
-
 void SetupFiles::report(Failure failure) {
-  switch (failure) {
-    case Failure::None:
-    case Failure::Cancel:
-    case Failure::EndOfFile:
-      return;
-    case Failure::PathFileAccess:
-      outside_.box.MsgBox("Drive Problem ! No Write in Drive.", box_style::okOnly);
-      return;
-    default:
-      outside_.box.MsgBox(
-          "Eror in File funktions ! Error Code:" + timing::numberText(static_cast<int>(failure)),
-          box_style::okOnly);
-  }
+  if (failure == Failure::EndOfFile) return;
+  reportFailure(outside_.box, failure, "Eror in File funktions ! Error Code:");
 }
 
 }  // namespace monitra::store

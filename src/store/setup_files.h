@@ -1,12 +1,7 @@
 #pragma once
 
-#include <string>
-
 #include "controls/controls.h"
-#include "platform/file_dialog.h"
-#include "platform/files.h"
-#include "platform/message_box.h"
-#include "platform/program_identity.h"
+#include "store/file_operations.h"
 #include "timing/editions.h"
 #include "timing/kozos.h"
 #include "timing/setup_panel.h"
@@ -23,15 +18,7 @@ struct OpenResult {
 /// Saves and opens Setup files. All that the fields refer to must outlive the object.
 class SetupFiles {
  public:
-  struct Outside {
-    platform::FileDialog& Fileablak;
-    platform::Files& files;
-    const platform::CodePage& codePage;
-    platform::MessageBox& box;
-    const platform::ProgramIdentity& program;
-  };
-
-  SetupFiles(const Outside& outside, timing::Kozos& kozos, timing::SetupPanel& panel,
+  SetupFiles(const FileOutside& outside, timing::Kozos& kozos, timing::SetupPanel& panel,
              timing::Editions& editions, controls::Form& form);
 
   /// Failure::Cancel also stands for the answer No to the question whether to overwrite.
@@ -42,12 +29,11 @@ class SetupFiles {
 
  private:
   void prepareDialog();
-  bool exists();
   platform::Failure write();
   OpenResult read();
   void report(platform::Failure failure);
 
-  Outside outside_;
+  FileOutside outside_;
   timing::Kozos& kozos_;
   timing::SetupPanel& panel_;
   timing::Editions& editions_;

@@ -1,5 +1,7 @@
 #include "store/text_reader.h"
 
+#include <algorithm>
+
 namespace monitra::store {
 
 using platform::Failure;
@@ -14,22 +16,32 @@ Failure TextReader::readField(std::string& field) {
 
 Failure TextReader::readUntil(std::string& text, bool commaEnds, bool skipBlanks) {
   constexpr std::size_t longest = 65536;
+  const auto isEnd = [commaEnds](char c) {
+    return c == '\n' || c == '\r' || (commaEnds && c == ',');
+  };
   text.clear();
   Failure failure = fill();
   if (failure != Failure::None) return failure;
   for (bool skipping = skipBlanks; failure == Failure::None; failure = fill()) {
-    const char c = chunk_[at_++];
-    if (c == '\n' || (commaEnds && c == ',')) return Failure::None;
-    if (c == '\r') {
-      failure = fill();
-      if (failure == Failure::None && chunk_[at_] == '\n') ++at_;
-      break;
+    if (skipping) {
+      at_ = std::min(chunk_.find_first_not_of(' ', at_), chunk_.size());
+      if (at_ == chunk_.size()) continue;
+      skipping = false;
     }
-    if (skipping && c == ' ') continue;
-    skipping = false;
-    if (text.size() == longest) return Failure::LineTooLong;
-    text += c;
+    const auto begin = chunk_.begin() + static_cast<std::ptrdiff_t>(at_);
+    const auto end = std::find_if(begin, chunk_.end(), isEnd);
+    if (text.size() + static_cast<std::size_t>(end - begin) > longest) return Failure::LineTooLong;
+    text.append(begin, end);
+    at_ = static_cast<std::size_t>(end - chunk_.begin());
+    if (end != chunk_.end()) return endLine();
   }
+  return failure == Failure::EndOfFile ? Failure::None : failure;
+}
+
+Failure TextReader::endLine() {
+  if (chunk_[at_++] != '\r') return Failure::None;
+  const Failure failure = fill();
+  if (failure == Failure::None && chunk_[at_] == '\n') ++at_;
   return failure == Failure::EndOfFile ? Failure::None : failure;
 }
 

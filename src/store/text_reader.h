@@ -22,6 +22,8 @@ class TextReader {
 
  private:
   platform::Failure readUntil(std::string& text, bool commaEnds, bool skipBlanks);
+  /// Goes past the character that ends a line or field, and past the other half of CR LF.
+  platform::Failure endLine();
   /// Makes sure that there is a next byte.
   platform::Failure fill();
 
