@@ -1,5 +1,7 @@
 #include "shell/event_texts.h"
 
+#include <algorithm>
+
 #include "store/pwm_format.h"
 #include "timing/numbers.h"
 
@@ -13,16 +15,37 @@ std::string openingText(const store::OpenResult& result) {
     text = "A fájl hiányos: " + std::to_string(result.records) + " sor van benne a " +
            std::to_string(store::pwmRecords) + " helyett. ";
   }
-  if (result.adjusted > 0) {
-    text += std::to_string(result.adjusted) +
-            " értéke a tartományán kívül esett, a legközelebbi határt kapta. ";
-  }
-  if (!text.empty()) text += "Ellenőrizze a mezőket!";
-  return text;
+  if (result.adjusted > 0) text += adjustedText(result.adjusted) + " ";
+  return text.empty() ? text : text + "Ellenőrizze a mezőket!";
+}
+
+std::string adjustedText(int values) {
+  return std::to_string(values) + " értéke a tartományán kívül esett, a legközelebbi határt kapta.";
 }
 
 std::string savingText(Failure failure, const std::string& path) {
   return failure == Failure::None ? "Mentve: " + path : std::string{};
+}
+
+std::string firmwareText(const firmware::ReadResult& result, const firmware::ImageReport& report,
+                         const std::string& name, const std::string& version) {
+  std::string text;
+  if (result.adjusted > 0) text = adjustedText(result.adjusted) + " ";
+  if (!report.faults.empty()) {
+    const auto decisive = std::ranges::find_if(report.faults, &firmware::ImageFault::decisive);
+    text += faultText(decisive != report.faults.end() ? *decisive : report.faults.front(), name);
+    if (report.faultCount > 1) {
+      text += " (és még " + std::to_string(report.faultCount - 1) + " hiba)";
+    }
+  } else if (result.failure == Failure::None) {
+    text += "Beolvasva a(z) " + version + " firmware paraméterblokkja.";
+  }
+  return text;
+}
+
+std::string faultText(const firmware::ImageFault& fault, const std::string& name) {
+  const std::string place = fault.line > 0 ? ", " + std::to_string(fault.line) + ". sor" : "";
+  return name + place + ": " + fault.reason;
 }
 
 std::string generatorText(int interval) {

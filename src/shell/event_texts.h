@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "firmware/firmware_files.h"
+#include "firmware/image_check.h"
 #include "platform/failure.h"
 #include "store/setup_files.h"
 
@@ -11,6 +13,16 @@ namespace monitra::shell {
 /// there is nothing to say.
 std::string openingText(const store::OpenResult& result);
 std::string savingText(platform::Failure failure, const std::string& path);
+
+/// The same of a firmware file that was read: what is wrong with the image, or which version it is.
+std::string firmwareText(const firmware::ReadResult& result, const firmware::ImageReport& report,
+                         const std::string& name, const std::string& version);
+
+/// One fault of an image, with the file and the line.
+std::string faultText(const firmware::ImageFault& fault, const std::string& name);
+
+/// So many values of a file were outside their range.
+std::string adjustedText(int values);
 
 /// The pulse generator runs with this interval in milliseconds; 0: it never ticks.
 std::string generatorText(int interval);

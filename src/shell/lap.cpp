@@ -12,6 +12,14 @@ namespace monitra::shell {
 using platform::BoxAnswer;
 namespace box_style = platform::box_style;
 
+namespace {
+
+store::FileOutside fileOutside(const Outside& outside) {
+  return {outside.Fileablak, outside.files, outside.codePage, outside.box, outside.program};
+}
+
+}  // namespace
+
 Lap::Lap(Outside outside)
     : outside_(std::move(outside)),
       preferences_(outside_.settings, outside_.program.EXEName),
@@ -27,9 +35,8 @@ Lap::Lap(Outside outside)
       loadTest_(load, phases, frames_, outside_.Beep),
       phaseTest_(phases, loadTest_, frames_),
       upload_(setup, line_, outside_.box),
-      files_(
-          {outside_.Fileablak, outside_.files, outside_.codePage, outside_.box, outside_.program},
-          kozos, setup, editions_, form) {
+      files_(fileOutside(outside_), kozos, setup, editions_, form),
+      firmware_(fileOutside(outside_), kozos, setup, timingFields_, editions_, form) {
   MFSetNyit.Click.handle([this] { openSetup(); });
   MFSetMent.Click.handle([this] { saveSetup(); });
   MFkilepes.Click.handle([this] { MFkilepes_Click(); });
@@ -122,6 +129,28 @@ void Lap::saveSetup() {
   Esemeny.Caption = "";
   const platform::Failure failure = files_.MFSetMent_Click();
   Esemeny.Caption = savingText(failure, outside_.Fileablak.FileName);
+}
+
+OpenedFirmware Lap::openFirmware() {
+  Esemeny.Caption = "";
+  OpenedFirmware opened;
+  opened.read = firmware_.FirmwareNyit();
+  kozos.Modositott = 0;
+  const platform::Failure failure = opened.read.failure;
+  if (failure != platform::Failure::Cancel && failure != platform::Failure::FileNotFound) {
+    opened.image = firmware::checkImage(outside_.files, kozos.FirmwareUtvonal);
+    Esemeny.Caption =
+        firmwareText(opened.read, opened.image, kozos.FirmwareNev, setup.Verz.Caption);
+  }
+  return opened;
+}
+
+platform::Failure Lap::saveFirmware() {
+  Esemeny.Caption = "";
+  kozos.Modositott = 0;
+  const platform::Failure failure = firmware_.FirmwareMent();
+  Esemeny.Caption = savingText(failure, outside_.Fileablak.FileName);
+  return failure;
 }
 
 }  // namespace monitra::shell

@@ -8,6 +8,8 @@
 #include "bench/phase_test.h"
 #include "bench/pulse_generator.h"
 #include "controls/controls.h"
+#include "firmware/firmware_files.h"
+#include "firmware/image_check.h"
 #include "link/command_frames.h"
 #include "link/port_panel.h"
 #include "link/port_selection.h"
@@ -47,6 +49,12 @@ struct Outside {
   std::function<void()> end;
 };
 
+/// How the reading of a firmware file ended, and what its image is like if there is one.
+struct OpenedFirmware {
+  firmware::ReadResult read;
+  firmware::ImageReport image;
+};
+
 /// The window: the panels of all rooms, the handlers on them, start-up and shutdown.
 /// Handlers are bound on construction; Form_Load is to be called once, before anything else.
 class Lap {
@@ -66,6 +74,10 @@ class Lap {
 
   void MFkilepes_Click();
   void SSTab1_Click();
+
+  /// Read a firmware file, and write a copy of it with the present Setup. No control leads here.
+  OpenedFirmware openFirmware();
+  platform::Failure saveFirmware();
 
   /// For a caller that needs to know how an operation went.
   link::Upload& upload() { return upload_; }
@@ -113,6 +125,7 @@ class Lap {
   bench::PhaseTest phaseTest_;
   link::Upload upload_;
   store::SetupFiles files_;
+  firmware::FirmwareFiles firmware_;
   bool ended_ = false;
 };
 

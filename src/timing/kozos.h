@@ -17,6 +17,8 @@ struct Kozos {
   std::int16_t Modositott = 0;  ///< -1: a timing field has changed since the Setup was saved
   double Alapido = 0;           ///< PWM base time in seconds, 0.0001 or 3.3e-05
   std::string FirmwareNev;      ///< file title of the open firmware file; empty: none is open
+  std::string FirmwareUtvonal;  ///< its full path
+  std::string FirmwareCel;      ///< file title of the last patched copy
 
   /// Derived values of the axes X, Y, Z, as of their last computation.
   controls::IndexedArray<double, 1, 3> Tartoperiod;  ///< holding period in base times

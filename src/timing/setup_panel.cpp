@@ -55,4 +55,16 @@ Setup SetupPanel::spinValues() const {
   return setup;
 }
 
+void SetupPanel::setSpinValues(const Setup& setup) {
+  for (int i = 0; i < timingFields; ++i) {
+    FolLe[i].Value = setup.timing[static_cast<std::size_t>(i)];
+  }
+  Funkcio.ListIndex = setup.Funkcio;
+  Utfolle.Value = setup.Ut;
+  Turesfolle.Value = setup.Tures;
+  Xegesz.Checked = setup.Xegesz;
+  Yegesz.Checked = setup.Yegesz;
+  Zegesz.Checked = setup.Zegesz;
+}
+
 }  // namespace monitra::timing

@@ -24,6 +24,9 @@ struct SetupPanel {
   /// The Setup as the spin values, the list and the check boxes hold it.
   Setup spinValues() const;
 
+  /// Puts a Setup into the same controls, in their order; the events of each follow.
+  void setSpinValues(const Setup& setup);
+
   struct TimingSpin : controls::SpinButton {
     TimingSpin() : SpinButton(1, 255, 1) {}
   };

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "host/host_files.h"
 #include "host/windows1250.h"
 #include "shell/lap.h"
+#include "support/faulty_files.h"
 #include "support/journal.h"
 #include "support/scratch.h"
 
@@ -17,7 +17,7 @@ struct Program {
   JournalBoxes box{journal};
   JournalDialog dialog{journal};
   JournalSettings settings{journal};
-  host::HostFiles files;
+  FaultyFiles files;
   host::Windows1250 codePage;
   platform::ProgramIdentity identity{"Monitra Setup", scratch.path(), "Monitra Setup", 2, 2, 0};
   shell::Outside outside{registers,

@@ -1,0 +1,391 @@
+#include <algorithm>
+#include <filesystem>
+#include <gtest/gtest.h>
+
+#include "firmware/image_check.h"
+#include "firmware/parameter_block.h"
+#include "support/image.h"
+#include "support/program.h"
+
+namespace monitra::firmware {
+namespace {
+
+using platform::Failure;
+using support::Block;
+using support::closingRecord;
+using support::Journal;
+using support::wordRecord;
+
+const std::string filter = " Firmware File (*.hex)|*.hex|Minden File (*.*)|*.* ";
+const std::string readError = "box 0: Error in File funktions ! Error Code:";
+const std::string writeError = "box 0: Eror in File funktions ! Error Code:";
+const std::string driveProblem = "box 0: Drive Problem ! No Write in Drive.";
+const std::string title = "Vilor CNC Monitra V2.2.0";
+
+std::string lower(std::string text) {
+  std::ranges::transform(text, text.begin(), [](char c) { return c >= 'A' ? c | 0x20 : c; });
+  return text;
+}
+
+TEST(ParameterBlock, WritesBytesAndChecksumsInTwoDigits) {
+  EXPECT_EQ(KetHex(0) + KetHex(10) + KetHex(200) + KetHex(255), "000AC8FF");
+  EXPECT_EQ(checksum("80F010"), 0x80);
+  EXPECT_EQ(checksum("80f090"), 0);
+  timing::Setup setup;
+  setup.timing = {91, 91, 91, 244, 244, 244, 24, 24, 24, 24, 24, 24};
+  setup.Ut = 1000;
+  setup.Tures = 1;
+  const auto patched = [&setup](int index, const std::string& source) {
+    return patchedRecord(index, source, setup).value_or("none");
+  };
+  EXPECT_EQ(patched(0, wordRecord(0x4200, {0, 1, 2, 3, 4, 5, 6, 7})),
+            ":104200000000F4005B0018001800F4005B001800C8");
+  EXPECT_EQ(patched(1, wordRecord(0x4210, {9, 9, 9, 9, 9, 9, 9, 9})),
+            ":104210001800F4005B001800180000000300E8001C");
+  EXPECT_EQ(patched(2, wordRecord(0x4220, {9, 0, 0x35, 0, 0x30, 0, 0x33, 0})),
+            ":1042200001000000350000003000000033000000F5");
+  EXPECT_EQ(patched(0, lower(wordRecord(0x4200, {0xC8, 1, 2, 3, 4, 5, 6, 7}))).substr(41), "00")
+      << "a sum that is a multiple of 256";
+  setup.Funkcio = 5;
+  setup.Ut = 65535;
+  EXPECT_EQ(patched(1, wordRecord(0x4210, {})), "none");
+  EXPECT_EQ(patched(1, wordRecord(0x4210, {9, 9, 9, 9, 9, 9, 9, 9}, 0xEE)).substr(29, 12),
+            "0500FF00FF00");
+}
+
+struct Firmware : testing::Test, support::Program {
+  Firmware() {
+    lap.Form_Load();
+    journal.clear();
+  }
+
+  ReadResult read(const std::string& bytes) {
+    dialog.path = scratch.write("fw.hex", bytes);
+    journal.clear();
+    return lap.openFirmware().read;
+  }
+  Failure save(const std::string& path) {
+    dialog.path = path;
+    journal.clear();
+    return lap.saveFirmware();
+  }
+  std::string spins() const {
+    std::string text;
+    for (int i = 0; i < timing::timingFields; ++i) {
+      text += std::to_string(lap.setup.FolLe[i].Value) + " ";
+    }
+    return text + std::to_string(lap.setup.Funkcio.ListIndex) + " " +
+           std::to_string(lap.setup.Utfolle.Value) + " " +
+           std::to_string(lap.setup.Turesfolle.Value);
+  }
+
+  const std::string startSpins = spins();
+  const Block block;
+  const std::string image = ":020000040000FA\n" + block.text() + closingRecord + "\n";
+};
+
+TEST_F(Firmware, ReadingSetsTheControlsInTheOrderOfTheBlock) {
+  lap.setup.Funkcio.ListIndex = 4;
+  const auto note = [this](const std::string& name, auto& property) {
+    property.observe([this, name, &property] { journal.push_back(name + property.get()); });
+  };
+  const auto noteNumber = [this](const std::string& name, auto& property) {
+    property.observe([this, name, &property] {
+      journal.push_back(name + "=" + std::to_string(property.get()));
+    });
+  };
+  for (int i = 0; i < timing::timingFields; ++i) {
+    noteNumber(std::to_string(i), lap.setup.FolLe[i].Value);
+  }
+  noteNumber("mark", lap.setup.MBTallando.Checked);
+  noteNumber("Funkcio", lap.setup.Funkcio.ListIndex);
+  noteNumber("Utfolle", lap.setup.Utfolle.Value);
+  noteNumber("Turesfolle", lap.setup.Turesfolle.Value);
+  note("", lap.setup.Verz.Caption);
+  note("", lap.setup.Cim.Caption);
+  note("", lap.setup.Vegallas.Caption);
+  note("", lap.form.Caption);
+  Block old;
+  old.line4220 = wordRecord(0x4220, {7, 0, '3', 0, '1', 0, '2', 0});
+  EXPECT_EQ(read(lower(old.text())).failure, Failure::None);
+  EXPECT_EQ(journal, (Journal{"mark=0",       "open" + filter,
+                              "Funkcio=0",    "Gerjesztés: Natív PWM (10 kHz)",
+                              "V3.1.2",       "Végállások állapota: felvett",
+                              "3=31",         "0=32",
+                              "6=33",         "9=34",
+                              "4=35",         "1=36",
+                              "7=37",         "10=38",
+                              "5=39",         "2=40",
+                              "8=41",         "11=42",
+                              "Funkcio=2",    "Utfolle=258",
+                              "Turesfolle=7", title + "   (fw.hex)",
+                              "mark=1"}));
+  EXPECT_EQ(lap.kozos.VerFo + lap.kozos.VerAl + lap.kozos.VerRev, "312");
+  EXPECT_EQ(lap.kozos.FirmwareNev, "fw.hex");
+  EXPECT_EQ(lap.kozos.FirmwareUtvonal, scratch.path("fw.hex"));
+  EXPECT_EQ(lap.kozos.Modositott, 0);
+  EXPECT_EQ(lap.setup.T2[7].Text.get() + lap.setup.Ut.Text.get() + lap.setup.Tures.Text.get(),
+            "372587");
+  EXPECT_EQ(lap.setup.Xttarto.Caption.get(), "149.253 Hz (50.7%)") << "with the new base time";
+}
+
+TEST_F(Firmware, ReadingDecidesByTheVersionDigitAndTheLimitByte) {
+  struct Case {
+    int digit, limits, mode;
+    double base;
+    bool tarso;
+    int funkcio;
+    Journal boxes;
+  };
+  const std::string refused =
+      "box 48: Ez a funkció (Forszírozott Impulzus figyelés!) csak a Tarso Firmware-ben létezik!"
+      "\r\nFunkció törölve.";
+  for (const Case& c :
+       {Case{'1', 128, 5, 0.0001, false, 0, {refused}}, Case{'2', 129, 4, 0.0001, false, 4, {}},
+        Case{'3', 0, 5, 0.0001, true, 5, {}}, Case{'4', 255, 5, 3.3e-05, true, 5, {}},
+        Case{0xE1, 1, 0, 0.0001, false, 0, {}}}) {
+    Block b;
+    b.line4200 = wordRecord(0x4200, {c.limits, 1, 2, 3, 4, 5, 6, 7});
+    b.line4210 = wordRecord(0x4210, {38, 39, 40, 41, 42, c.mode, 1, 0});
+    b.line4220 = wordRecord(0x4220, {0, 0, c.digit, 0, '0', 0, '9', 0});
+    EXPECT_EQ(read("\r\n" + b.line4220 + "\r" + b.text()).failure, Failure::None);
+    Journal expected{"open" + filter};
+    expected.insert(expected.end(), c.boxes.begin(), c.boxes.end());
+    EXPECT_EQ(journal, expected);
+    EXPECT_EQ(lap.kozos.Alapido, c.base);
+    EXPECT_EQ(lap.setup.MBKTarso.Checked, c.tarso);
+    EXPECT_EQ(lap.setup.Funkcio.ListIndex, c.funkcio);
+    EXPECT_EQ(lap.setup.Vegallas.Caption.get(),
+              c.limits > 128 ? "Végállások állapota: felvett" : "Végálások állapota: üres");
+  }
+  EXPECT_EQ(lap.setup.Verz.Caption.get(), "Vá.0.9");
+}
+
+TEST_F(Firmware, ValuesOutsideTheirRangeTakeTheNearestLimit) {
+  lap.setup.FolLe[timing::T1X].Value = 1;
+  lap.setup.T1[timing::T1X].Text = "1.4";
+  lap.setup.Ut.type("1.3");
+  Block b;
+  b.line4200 = wordRecord(0x4200, {0, 0, 0, 255, 4, 5, 6, 7});
+  b.line4210 = wordRecord(0x4210, {38, 39, 40, 41, 42, 0xFF, 0, 0});
+  EXPECT_EQ(read(b.text()).adjusted, 4);
+  EXPECT_EQ(spins(), "1 6 40 1 5 39 255 7 41 4 38 42 5 1 9");
+  EXPECT_EQ(lap.setup.T1[timing::T1X].Text.get() + lap.setup.Ut.Text.get(), "11");
+}
+
+TEST_F(Firmware, AFailedReadingKeepsWhatCameBeforeAndTellsWhy) {
+  const std::string version = block.line4220 + "\n";
+  std::string badDigit = block.line4210;
+  badDigit[39] = 'G';
+  std::string badHighByte = block.line4200;
+  badHighByte[12] = ' ';
+  const std::string none = startSpins;
+  const std::string first = "32 36 91 31 35 244 33 37 24 34 24 24 0 1000 1";
+  const std::string second = "32 36 40 31 35 39 33 37 41 34 38 42 2 258 1";
+  struct Case {
+    std::string bytes, code, verz, spins;
+  };
+  for (const Case& c :
+       {Case{"<html>, 4220\n<body>", " 62", "V?.?.?", none},
+        Case{block.line4200 + "\n" + block.line4210, " 62", "V?.?.?", none},
+        Case{block.line4220.substr(0, 40) + "\n" + block.text(), " 13", "V?.?.?", none},
+        Case{version, " 62", "V5.0.3", none},
+        Case{version + badHighByte + "\n" + block.text(), " 13", "V5.0.3", none},
+        Case{version + block.line4200, " 62", "V5.0.3", first},
+        Case{version + block.line4200 + "\n\n" + block.text(), " 13", "V5.0.3", first},
+        Case{version + block.line4200 + "\n" + badDigit + "\n", " 13", "V5.0.3", first},
+        Case{block.text().substr(0, 88) + ":0042200000\n" + version, " 13", "V?.?.?", none},
+        Case{version + block.text().substr(0, 88) + ":0042300000", " 13", "V5.0.3", second},
+        Case{std::string(70000, ':'), " 14", "V?.?.?", none}}) {
+    support::Program fresh;
+    fresh.lap.Form_Load();
+    lap.setup.setSpinValues(fresh.lap.setup.spinValues());
+    lap.setup.Verz.Caption = "V?.?.?";
+    lap.setup.Funkcio.ListIndex = 2;
+    read(c.bytes);
+    EXPECT_EQ(journal, (Journal{"open" + filter, readError + c.code})) << c.bytes;
+    EXPECT_EQ(spins(), c.spins) << c.bytes;
+    EXPECT_EQ(lap.setup.Verz.Caption.get(), c.verz) << c.bytes;
+    EXPECT_EQ(lap.form.Caption.get(), title);
+    EXPECT_TRUE(lap.setup.MBTallando.Checked);
+    EXPECT_EQ(lap.kozos.FirmwareNev, "fw.hex");
+  }
+}
+
+TEST_F(Firmware, NoFileChangesNothing) {
+  lap.setup.Funkcio.ListIndex = 2;
+  lap.setup.FolLe[0].pressUp();
+  const std::string before = spins();
+  lap.openFirmware();
+  EXPECT_EQ(journal, Journal{"open" + filter}) << "cancelled";
+  journal.clear();
+  dialog.path = scratch.path("nincs.hex");
+  lap.openFirmware();
+  EXPECT_EQ(journal, (Journal{"open" + filter, "box 16: 'nincs.hex' nem található !"}));
+  EXPECT_EQ(spins() + lap.kozos.FirmwareNev, before);
+  EXPECT_EQ(lap.form.Caption.get(), title);
+  EXPECT_TRUE(lap.setup.MBTallando.Checked);
+  EXPECT_EQ(lap.kozos.Modositott, 0) << "however it ended";
+}
+
+TEST_F(Firmware, PatchingReplacesThreeRecordsAndCopiesTheRestByteByByte) {
+  const std::string before = ":020000040000fa\n\r\n; \xE1rv\xEDz\r  a, b\n:10 4200\n";
+  const std::string after = ":104240000000\nutols\xF3 ";
+  const std::string source = before + lower(block.text()) + after;
+  ASSERT_EQ(read(source).failure, Failure::None);
+  lap.setup.setSpinValues({{91, 92, 93, 244, 245, 246, 24, 25, 26, 34, 35, 36}, 5, 1000, 255});
+  lap.kozos.Modositott = -1;
+  EXPECT_EQ(save(scratch.path("masolat.hex")), Failure::None);
+  EXPECT_EQ(journal, Journal{"save" + filter + "Modositott.hex"});
+  EXPECT_EQ(scratch.read("masolat.hex"),
+            ":020000040000fa\r\n\r\n; \xE1rv\xEDz\r\na\r\nb\r\n:10 4200\r\n"
+            ":1042000081a1F4005B0018002200F5005C00190099\r\n"
+            ":104210002300F6005D001A00240005000300E800FA\r\n"
+            ":10422000FF00d1a335a3d2a330a3d3a333a3d4a338\r\n"
+            ":104240000000\r\nutols\xF3 \r\n");
+  EXPECT_EQ(scratch.read("fw.hex"), source);
+  EXPECT_EQ(lap.kozos.FirmwareCel, "masolat.hex");
+  EXPECT_EQ(lap.kozos.FirmwareNev, "fw.hex");
+  EXPECT_EQ(lap.form.Caption.get(), title + "   (masolat.hex)");
+  EXPECT_EQ(lap.kozos.Modositott, 0);
+  lap.setup.Turesfolle.Value = 0;
+  EXPECT_EQ(save(scratch.path("ujabb.hex")), Failure::None) << "the source is read again";
+  EXPECT_EQ(read(scratch.read("ujabb.hex")).failure, Failure::None);
+  EXPECT_EQ(spins(), "91 92 93 244 245 246 24 25 26 34 35 36 5 1000 0");
+}
+
+TEST_F(Firmware, AFailedPatchingTellsWhyAndTouchesNoOtherFile) {
+  EXPECT_EQ(save(scratch.path("x.hex")), Failure::FileNotFound);
+  EXPECT_EQ(journal, Journal{"box 16: Nincs megnyitva Firmware (hex) file!\r\n"
+                             "Mentés előtt nyisson meg egyet!"});
+  ASSERT_EQ(read(image).failure, Failure::None);
+  dialog.path = scratch.write("a.pwm", "1\n");
+  lap.MFSetNyit.click();
+  save(scratch.path("x.hex"));
+  EXPECT_EQ(journal.size(), 1U) << "a Setup file that was opened closes the firmware file";
+  ASSERT_EQ(read(image).failure, Failure::None);
+  const std::string opened = lap.form.Caption;
+
+  const auto expectFailure = [this](const std::optional<std::string>& path, Failure failure,
+                                    const Journal& boxes) {
+    dialog.path = path;
+    journal.clear();
+    Journal expected{"save" + filter + "Modositott.hex"};
+    expected.insert(expected.end(), boxes.begin(), boxes.end());
+    EXPECT_EQ(lap.saveFirmware(), failure);
+    EXPECT_EQ(journal, expected);
+  };
+  const auto exists = [](const std::string& name) {
+    return Journal{"box 16: '" + name + "' már létezik!\r\nMentse más néven!"};
+  };
+  expectFailure({}, Failure::Cancel, {});
+  expectFailure(scratch.path("fw.hex"), Failure::FileExists, exists("fw.hex"));
+  expectFailure(scratch.path("a.pwm"), Failure::FileExists, exists("a.pwm"));
+  EXPECT_EQ(lap.form.Caption.get() + lap.kozos.FirmwareCel, opened);
+  std::filesystem::create_symlink(scratch.path("sehol"), scratch.path("lanc.hex"));
+  expectFailure(scratch.path("lanc.hex"), Failure::FileExists, exists("lanc.hex"));
+  expectFailure(scratch.path("nincs/x.hex"), Failure::PathNotFound, {writeError + " 76"});
+  std::filesystem::create_directory(scratch.path("mappa.hex"));
+  expectFailure(scratch.path("mappa.hex"), Failure::PathFileAccess, {driveProblem});
+  EXPECT_EQ(lap.kozos.FirmwareCel, "mappa.hex");
+  EXPECT_EQ(lap.form.Caption.get(), title + "   (mappa.hex)");
+  files.writesThatSucceed = 0;
+  expectFailure(scratch.path("tele.hex"), Failure::DiskFull, {writeError + " 61"});
+  files.writesThatSucceed = -1;
+  files.closeFails = Failure::DeviceIo;
+  expectFailure(scratch.path("zar.hex"), Failure::DeviceIo, {writeError + " 57"});
+  files.closeFails = Failure::None;
+  EXPECT_EQ(scratch.read("fw.hex"), image);
+  EXPECT_EQ(scratch.read("a.pwm"), "1\n");
+
+  const std::string head = ":020000040000FA\r\n";
+  int number = 0;
+  for (const auto& [source, code, copied] :
+       {std::tuple{head + "x\n", " 62", head + "x\r\n"},
+        std::tuple{head + block.line4200 + "\n", " 62", head},
+        std::tuple{head + block.line4200.substr(0, 40) + "\n", " 13", head},
+        std::tuple{head + ":1Z" + block.line4200.substr(3), " 13", head}}) {
+    scratch.write("fw.hex", source);
+    const std::string name = std::to_string(number++) + ".hex";
+    expectFailure(scratch.path(name),
+                  code == std::string(" 62") ? Failure::EndOfFile : Failure::NotANumber,
+                  {writeError + code});
+    EXPECT_EQ(scratch.read(name).substr(0, copied.size()), copied);
+    EXPECT_EQ(scratch.read("fw.hex"), source);
+  }
+  std::filesystem::remove(scratch.path("fw.hex"));
+  expectFailure(scratch.path("ures.hex"), Failure::FileNotFound, {writeError + " 53"});
+  EXPECT_TRUE(std::filesystem::exists(scratch.path("ures.hex")));
+  EXPECT_EQ(scratch.read("ures.hex"), "");
+}
+
+TEST_F(Firmware, AnImageIsCheckedRecordByRecord) {
+  using Faults = std::vector<std::string>;
+  const std::string end = closingRecord + "\n";
+  const std::string a = block.line4200 + "\n";
+  const std::string b = block.line4210 + "\n";
+  const std::string c = block.line4220 + "\n";
+  const auto with = [&b](std::size_t at, const std::string& to) {
+    return std::string(b).replace(at, to.size(), to);
+  };
+  const std::string here = "itt a paraméterblokk 4210 című rekordja ";
+  const std::string noEnd = "0 nincs záró rekord (:00000001FF), a fájl csonka lehet";
+  const std::string noBlock =
+      "0 nincs paraméterblokk (4200 című rekord), ez nem a vezérlő firmware-e";
+  const std::string cut = "0 a fájl a paraméterblokk közepén véget ér";
+  struct Case {
+    std::string image;
+    Faults faults;
+    bool whole = false;
+  };
+  for (const Case& k : std::vector<Case>{
+           {":020000040000FA\r\n\r\n" + lower(a + b + c) + end + "\n", {}, true},
+           {a + with(0, ";") + c + end, {"2 nem kettősponttal kezdődik, ezért nem rekord"}, true},
+           {a + with(14, "O") + c + end, {"2 a(z) 15. karakter nem hexadecimális számjegy: O"}},
+           {a + with(1, "0F") + c + end,
+            {"2 a rekord hossza hibás: 15 adatbájt helyett 16 van benne"}},
+           {a + with(41, "00") + c + end,
+            {"2 az ellenőrző összeg hibás: 00 helyett C1 a jó"},
+            true},
+           {a + with(7, "09") + c + end, {"2 az ellenőrző összeg hibás: C1 helyett B8 a jó"}, true},
+           {a + ":1042\n" + c + end, {"2 csonka rekord"}},
+           {a + ":104210000\n" + c + end, {"2 csonka rekord"}},
+           {a + "\n" + c + end, {"2 üres sor a paraméterblokkban"}},
+           {a + support::record(0x4210, {1, 2}) + "\n" + c + end,
+            {"2 " + here + "áll, abban 16 adatbájtnak kell lennie"}},
+           {a + support::record(0x4210, {}, 1) + "\n" + c,
+            {"2 " + here + "áll, abban 16 adatbájtnak kell lennie", "3 rekord a záró rekord után"}},
+           {a + support::wordRecord(0x4230, {1, 2, 3, 4, 5, 6, 7, 8}) + "\n" + c + end,
+            {"2 " + here + "kellene, hogy álljon"},
+            true},
+           {":020000021000EC\n" + a + b + c + end,
+            {"2 itt a paraméterblokk 4200 című rekordja áll, de kiterjesztett címmel nem oda esik"},
+            true},
+           {support::record(0, {1}, 6) + "\n" + support::record(0, {1}, 4) + "\n" + end,
+            {"1 ismeretlen rekordtípus: 06", "2 az ilyen típusú rekordban nem lehet 1 adatbájt",
+             noBlock}},
+           {a + b, {noEnd, cut}},
+           {"", {noEnd, noBlock}},
+           {std::string(70000, '0'), {"1 túl hosszú sor, ez nem hex fájl"}}}) {
+    const ImageReport report = checkImage(files, scratch.write("k.hex", k.image));
+    Faults faults;
+    for (const ImageFault& fault : report.faults) {
+      faults.push_back(std::to_string(fault.line) + " " + fault.reason);
+    }
+    EXPECT_EQ(faults, k.faults) << k.image;
+    EXPECT_EQ(report.blockIsWhole, k.whole) << k.image;
+  }
+  std::string page;
+  for (int line = 0; line < 30; ++line) page += "<br>\n";
+  const ImageReport report = checkImage(files, scratch.write("k.hex", page + a + b + "x\n"));
+  EXPECT_EQ(report.faultCount, 32);
+  EXPECT_EQ(report.records, 33);
+  EXPECT_EQ(report.blockLine, 31);
+  ASSERT_EQ(report.faults.size(), 22U)
+      << "those of the block and of the whole file are not cut off";
+  EXPECT_EQ(report.faults[20].line, 33);
+  EXPECT_EQ(checkImage(files, scratch.path("nincs")).failure, Failure::FileNotFound);
+}
+
+}  // namespace
+}  // namespace monitra::firmware
