@@ -4,8 +4,8 @@
 # To build the programs; to draw and translate their window.
 build_packages="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libcli11-dev nlohmann-json3-dev"
 window_packages="qt6-translations-l10n fonts-dejavu-core fonts-liberation"
-# To build and run the tests, among them an independent decoder of the serial line.
-test_packages="libgtest-dev sigrok-cli"
+# To build and run the tests, among them independent readers of the serial line and of images.
+test_packages="libgtest-dev sigrok-cli srecord"
 # To check the form of the sources.
 check_packages="clang-format clang-tidy"
 

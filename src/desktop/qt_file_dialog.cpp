@@ -25,13 +25,13 @@ QtFileDialog::QtFileDialog() : folder_(QDir::currentPath()) {
   if (folder_ == QDir::rootPath()) folder_ = QDir::homePath();
 }
 
-Failure QtFileDialog::ShowOpen() {
+Failure QtFileDialog::askOpen() {
   QFileDialog dialog(parent_);
   dialog.setAcceptMode(QFileDialog::AcceptOpen);
   return show(dialog);
 }
 
-Failure QtFileDialog::ShowSave() {
+Failure QtFileDialog::askSave() {
   QFileDialog dialog(parent_);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setOption(QFileDialog::DontConfirmOverwrite);

@@ -17,12 +17,11 @@ class QtFileDialog : public platform::FileDialog {
  public:
   QtFileDialog();
 
-  platform::Failure ShowOpen() override;
-  platform::Failure ShowSave() override;
-
   void setParent(QWidget* parent) { parent_ = parent; }
 
  private:
+  platform::Failure askOpen() override;
+  platform::Failure askSave() override;
   platform::Failure show(QFileDialog& dialog);
 
   QPointer<QWidget> parent_;

@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "support/image.h"
 #include "support/process.h"
 #include "support/scratch.h"
 
@@ -96,7 +97,11 @@ TEST_F(Ctl, UsageErrorsAreTwoAndFileErrorsOne) {
       {"upload", file, "--port", "kernel"},
       {"upload", file, "--port", "sim", "--lpt", "999"},
       {"upload", file, "--port", "sim", "--pcb", "33"},
-      {"upload", file, "--port", "sim", "--vcd"}};
+      {"upload", file, "--port", "sim", "--vcd"},
+      {"firmware"},
+      {"firmware", "nincs"},
+      {"firmware", "patch", file, file},
+      {"firmware", "verify"}};
   for (const auto& arguments : usage) {
     expect(run(arguments, 2), "Hibás parancssor");
   }
@@ -186,6 +191,115 @@ TEST_F(Ctl, AnIndependentDecoderReadsTheTwentyBytesFromTheDump) {
     }
     EXPECT_EQ(decoded, setupBytes);
   }
+}
+
+/// An image of 32 KiB whose bytes are all but random, with the block in its middle.
+std::string image(const support::Block& block) {
+  std::string text;
+  for (int address = 0; address < 0x8000; address += 16) {
+    if (address == 0x4200) {
+      text += block.text();
+      address += 32;
+      continue;
+    }
+    std::vector<int> data;
+    for (int n = 0; n < 16; ++n) data.push_back((address * 7 + n * 31 + address / 256) & 0xFF);
+    text += support::record(address, data) + "\n";
+  }
+  return text + support::closingRecord + "\n";
+}
+
+TEST_F(Ctl, FirmwareShowGivesTheBlockAndNamesWhatIsWrongByLine) {
+  support::Block block;
+  const auto state =
+      object(run({"firmware", "show", scratch.write("fw.hex", image(block)), "--json"}, 0));
+  EXPECT_EQ(state["title"], "Vilor CNC Monitra V2.2.0   (fw.hex)");
+  EXPECT_EQ(state["T2Y"], nlohmann::json({{"value", 37}, {"text", "37"}}));
+  EXPECT_EQ(state["Ut"]["value"], 258);
+  EXPECT_EQ(state["Verz"], "V5.0.3");
+  EXPECT_EQ(state["Vegallas"], "Végállások állapota: felvett");
+  EXPECT_EQ(state["FirmwareNev"], "fw.hex");
+  block.line4210[12] = 'x';
+  const std::string bad = scratch.write("rossz.hex", image(block));
+  for (const char* command : {"show", "verify"}) {
+    expect(run({"firmware", command, bad}, 1),
+           bad + ", 1058. sor: a(z) 13. karakter nem hexadecimális számjegy: x\n");
+  }
+  expect(run({"firmware", "show", bad}, 1), "Error in File funktions ! Error Code: 13");
+  expect(run({"firmware", "verify", scratch.path("fw.hex")}, 0),
+         "2049 rekord, hibátlan; paraméterblokk a(z) 1057. sortól.");
+  expect(run({"firmware", "verify", scratch.path("nincs.hex")}, 1), "nincs ilyen fájl");
+  expect(run({"firmware", "show", scratch.path("nincs.hex")}, 1), "nem található !");
+}
+
+TEST_F(Ctl, FirmwarePatchDiffersFromItsSourceInThePatchedBytesOnly) {
+  const std::string source = image({});
+  const std::string firmware = scratch.write("fw.hex", source);
+  const std::string target = scratch.path("uj.hex");
+  EXPECT_EQ(run({"firmware", "patch", firmware, file, target}, 0),
+            "Elkészült: " + target +
+                " (V5.0.3)\n  TFX: 32 -> 91\n  TFY: 36 -> 92\n  TFZ: 40 -> 93\n  T1X: 31 -> 244\n"
+                "  T1Y: 35 -> 245\n  T1Z: 39 -> 246\n  T2X: 33 -> 24\n  T2Y: 37 -> 25\n"
+                "  T2Z: 41 -> 26\n"
+                "  T3Y: 38 -> 35\n  T3Z: 42 -> 36\n  Funkcio: 2 -> 3\n  Ut: 258 -> 4660\n"
+                "  Tures: 9 -> 7\n");
+  EXPECT_EQ(scratch.read("fw.hex"), source);
+  if (support::shell("srec_cat --version").exitCode != 0) GTEST_SKIP() << "no srecord here";
+  std::string before;
+  std::string after;
+  for (const auto& [name, bytes] : {std::pair("fw", &before), std::pair("uj", &after)}) {
+    const std::string path = scratch.path(name);
+    const support::Ran reader = support::shell("srec_cat " + support::quoted(path + ".hex") +
+                                               " -intel -o " + support::quoted(path) + " -binary");
+    ASSERT_EQ(reader.exitCode, 0) << reader.output;
+    *bytes = scratch.read(name);
+  }
+  constexpr std::size_t firstPatched = 0x4202;
+  std::string expected = before;
+  std::istringstream message(setupBytes.substr(setupBytes.find("244")));
+  for (std::size_t word = 0; word < 16; ++word) {
+    int byte = 0;
+    message >> byte;
+    expected[firstPatched + 2 * word] = static_cast<char>(byte);
+    expected[firstPatched + 2 * word + 1] = 0;
+  }
+  ASSERT_EQ(before.size(), 0x8000U);
+  EXPECT_TRUE(after == expected);
+}
+
+TEST_F(Ctl, FirmwarePatchRefusesWhatCouldHarmAndSaysWhatIsLeft) {
+  const std::string source = image({});
+  const std::string firmware = scratch.write("fw.hex", source);
+  const std::string target = scratch.path("uj.hex");
+  expect(run({"firmware", "patch", firmware, file, firmware}, 1), "Mentse más néven!");
+  expect(run({"firmware", "patch", firmware, file, file}, 1), "Mentse más néven!");
+  expect(run({"firmware", "patch", firmware, scratch.write("rovid.pwm", "1\r\n"), target}, 1),
+         "1 sor van benne a 22 helyett");
+  support::Block block;
+  block.line4210 = support::record(0x4210, std::vector<int>(32, 1));
+  const std::string longer = scratch.write("hosszu.hex", image(block));
+  const std::string refused = run({"firmware", "patch", longer, file, target}, 1);
+  expect(refused, longer + ", 1058. sor: itt a paraméterblokk 4210 című rekordja áll, abban 16");
+  expect(refused, "nem készült el");
+  EXPECT_FALSE(std::filesystem::exists(target));
+
+  const support::Ran full = support::shell("ulimit -f 64; " + support::quoted(ctl) +
+                                           " firmware patch " + support::quoted(firmware) + " " +
+                                           support::quoted(file) + " " + support::quoted(target));
+  EXPECT_EQ(full.exitCode, 1);
+  expect(full.output, "Eror in File funktions ! Error Code: 61");
+  expect(full.output, "félbemaradt");
+  EXPECT_EQ(scratch.read("uj.hex").size(), 32768U) << "64 blocks, all that the limit allows";
+  EXPECT_EQ(scratch.read("fw.hex") + scratch.read("a.pwm"), source + setupFile);
+
+  block = {};
+  block.line4200.replace(41, 2, "00");
+  block.line4220 = support::wordRecord(0x4220, {9, 0, '2', 0, '0', 0, '0', 0});
+  const std::string told = run({"firmware", "patch", scratch.write("regi.hex", image(block)), file,
+                                scratch.path("regi2.hex")},
+                               0);
+  expect(told, "1057. sor: az ellenőrző összeg hibás");
+  expect(told, "a Setup alapideje 33 us, a firmware-é 100 us");
 }
 
 }  // namespace

@@ -77,13 +77,12 @@ class JournalDialog : public platform::FileDialog {
  public:
   explicit JournalDialog(Journal& journal) : journal_(journal) {}
 
-  platform::Failure ShowOpen() override { return show("open"); }
-  platform::Failure ShowSave() override { return show("save"); }
-
   std::optional<std::string> path;
   std::function<void()> whileOpen;
 
  private:
+  platform::Failure askOpen() override { return show("open"); }
+  platform::Failure askSave() override { return show("save"); }
   platform::Failure show(const std::string& kind) {
     journal_.push_back(kind + " " + Filter + " " + FileName);
     if (whileOpen) whileOpen();

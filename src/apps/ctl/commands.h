@@ -17,6 +17,25 @@ struct ShowOptions {
 /// failed opening.
 ExitCode show(const ShowOptions& options);
 
+/// Reads the parameter block of a firmware file into the program's model and prints the resulting
+/// state; faults of the image go to standard error with their lines.
+ExitCode firmwareShow(const ShowOptions& options);
+
+struct PatchOptions {
+  std::string firmware;
+  std::string setup;
+  std::string target;
+};
+
+/// Writes a copy of a firmware file with the values of a Setup file in its parameter block, and
+/// prints what has changed. The target must not exist. A block whose copy would have records that
+/// no reader takes is refused ahead of writing.
+ExitCode firmwarePatch(const PatchOptions& options);
+
+/// Checks every record of a firmware file and prints each fault with its line; a file error if
+/// there is any.
+ExitCode firmwareVerify(const std::string& file);
+
 struct UploadOptions {
   std::string file;
   std::string port;  ///< "sim"

@@ -67,20 +67,21 @@ CLI::App* addCommand(CLI::App& app, const std::string& name, const std::string& 
   return command;
 }
 
+void addFile(CLI::App* command, const std::string& name, std::string& file,
+             const std::string& description) {
+  command->add_option(name, file, description)->required()->option_text("(kötelező)");
+}
+
 void addShow(CLI::App& app, ShowOptions& options) {
   CLI::App* const command = addCommand(app, "show", "Megnyit egy Setup fájlt, és kiírja.");
-  command->add_option("FILE.pwm", options.file, "A Setup fájl")
-      ->required()
-      ->option_text("(kötelező)");
+  addFile(command, "FILE.pwm", options.file, "A Setup fájl");
   command->add_flag("--json", options.json, "Kiírás egyetlen JSON objektumként");
 }
 
 void addUpload(CLI::App& app, UploadOptions& options) {
   CLI::App* const command =
       addCommand(app, "upload", "Megnyit egy Setup fájlt, és feltölti a vezérlőbe.");
-  command->add_option("FILE.pwm", options.file, "A Setup fájl")
-      ->required()
-      ->option_text("(kötelező)");
+  addFile(command, "FILE.pwm", options.file, "A Setup fájl");
   command->add_option("--port", options.port, "Mire menjen ki (sim: szimulált port)")
       ->required()
       ->option_text("sim (kötelező)")
@@ -96,20 +97,57 @@ void addUpload(CLI::App& app, UploadOptions& options) {
   command->add_flag("--yes", options.yes, "Kérdés nélkül");
 }
 
+struct FirmwareOptions {
+  ShowOptions show;
+  PatchOptions patch;
+  std::string verify;
+};
+
+void addFirmware(CLI::App& app, FirmwareOptions& options) {
+  CLI::App* const commands =
+      addCommand(app, "firmware", "A vezérlő firmware-e (.hex): paraméterblokk és ellenőrzés.");
+  commands->require_subcommand(1);
+  CLI::App* const show =
+      addCommand(*commands, "show", "Beolvassa a paraméterblokkot, és kiírja a Setupot.");
+  addFile(show, "FW.hex", options.show.file, "A firmware");
+  show->add_flag("--json", options.show.json, "Kiírás egyetlen JSON objektumként");
+
+  CLI::App* const patch = addCommand(*commands, "patch", "Másolatot ír egy Setup értékeivel.");
+  addFile(patch, "FW.hex", options.patch.firmware, "A firmware, amely nem változik");
+  addFile(patch, "SETUP.pwm", options.patch.setup, "A Setup fájl");
+  addFile(patch, "OUT.hex", options.patch.target, "A másolat; még nem létező fájl");
+
+  CLI::App* const verify =
+      addCommand(*commands, "verify", "Minden rekord alakját, hosszát és összegét ellenőrzi.");
+  addFile(verify, "FW.hex", options.verify, "A firmware");
+}
+
+ExitCode runFirmware(const CLI::App& command, const FirmwareOptions& options) {
+  if (command.got_subcommand("show")) return firmwareShow(options.show);
+  if (command.got_subcommand("patch")) return firmwarePatch(options.patch);
+  return firmwareVerify(options.verify);
+}
+
 int run(int argc, char** argv) {
-  CLI::App app("Monitra parancssorból: Setup fájl megnézése és feltöltése.", "monitra-ctl");
+  CLI::App app("Monitra parancssorból: Setup fájl és firmware megnézése, feltöltés.",
+               "monitra-ctl");
   makeHungarian(app);
   app.failure_message(usageText);
   app.footer("Kilépési kód: 0 kész, 1 fájlhiba, 2 hibás parancssor, 3 porthiba.");
   app.require_subcommand(1);
   ShowOptions showOptions;
   UploadOptions uploadOptions;
+  FirmwareOptions firmwareOptions;
   addShow(app, showOptions);
   addUpload(app, uploadOptions);
+  addFirmware(app, firmwareOptions);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? done : usageError;
+  }
+  if (app.got_subcommand("firmware")) {
+    return runFirmware(*app.get_subcommand("firmware"), firmwareOptions);
   }
   return app.got_subcommand("show") ? show(showOptions) : upload(uploadOptions);
 }

@@ -22,28 +22,18 @@ platform::ProgramIdentity accompaniedProgram() {
   return program;
 }
 
+std::string fullPath(const std::string& path) {
+  std::error_code error;
+  std::filesystem::path full = std::filesystem::absolute(path, error);
+  if (error) full = path;
+  return full.has_filename() ? full : full.parent_path();
+}
+
 }  // namespace
 
 BoxAnswer CtlBoxes::MsgBox(const std::string& text, int style) {
   shown.push_back({text, style});
   return answer_(text, style);
-}
-
-GivenFile::GivenFile(const std::string& path) {
-  std::error_code error;
-  std::filesystem::path full = std::filesystem::absolute(path, error);
-  if (error) full = path;
-  if (!full.has_filename()) full = full.parent_path();
-  path_ = full;
-}
-
-Failure GivenFile::ShowOpen() {
-  choose(path_);
-  return Failure::None;
-}
-
-Failure GivenFile::ShowSave() {
-  return ShowOpen();
 }
 
 OptionSettings::OptionSettings(platform::SettingsStore& preferences, std::string lptIndex,
@@ -60,12 +50,11 @@ std::string OptionSettings::GetSetting(const std::string& application, const std
 void OptionSettings::SaveSetting(const std::string& /*application*/, const std::string& /*section*/,
                                  const std::string& /*key*/, const std::string& /*value*/) {}
 
-Session::Session(const Options& options, platform::PortRegisters& registers,
+Session::Session(const Overrides& overrides, platform::PortRegisters& registers,
                  platform::Sleeper& sleeper, CtlBoxes::Answer answer)
     : program_(accompaniedProgram()),
       preferences_(settings::userSettingsFolder()),
-      settings_(preferences_, options.lptIndex, options.pcb),
-      dialog_(options.file),
+      settings_(preferences_, overrides.lptIndex, overrides.pcb),
       boxes(std::move(answer)),
       lap({registers, sleeper, boxes, dialog_, files_, codePage_, settings_, program_, [] {},
            [] { std::_Exit(done); }}) {
@@ -74,11 +63,22 @@ Session::Session(const Options& options, platform::PortRegisters& registers,
     std::cerr << shell::damagedPreferencesText() << '\n';
 }
 
-ExitCode Session::open() {
+ExitCode Session::openSetup(const std::string& path) {
+  const platform::GivenName name(dialog_, fullPath(path));
   const store::OpenResult result = lap.setupFiles().MFSetNyit_Click();
   const std::string remark = shell::openingText(result);
   if (!remark.empty()) std::cerr << remark << '\n';
   return result.failure == Failure::None ? done : fileError;
+}
+
+shell::OpenedFirmware Session::openFirmware(const std::string& path) {
+  const platform::GivenName name(dialog_, fullPath(path));
+  return lap.openFirmware();
+}
+
+Failure Session::saveFirmware(const std::string& path) {
+  const platform::GivenName name(dialog_, fullPath(path));
+  return lap.saveFirmware();
 }
 
 std::string boxLines(const std::string& text) {

@@ -34,15 +34,11 @@ class CtlBoxes : public platform::MessageBox {
   Answer answer_;
 };
 
-/// A file dialog in which the given path is chosen.
-class GivenFile : public platform::FileDialog {
- public:
-  explicit GivenFile(const std::string& path);
-  platform::Failure ShowOpen() override;
-  platform::Failure ShowSave() override;
-
+/// No dialog comes up here: a name that isn't given is none.
+class NoDialog : public platform::FileDialog {
  private:
-  std::string path_;
+  platform::Failure askOpen() override { return platform::Failure::Cancel; }
+  platform::Failure askSave() override { return platform::Failure::Cancel; }
 };
 
 /// The program's preferences with options of the command line above them. Nothing is stored.
@@ -61,22 +57,26 @@ class OptionSettings : public platform::SettingsStore {
   std::string pcb_;
 };
 
-/// The program's own model, started, with a file chosen in its dialog. Preferences that can't be
-/// read are told on standard error.
+/// The program's own model, started, with its dialog answered by the names of the command line.
+/// Preferences that can't be read are told on standard error.
 /// The port and the sleeper must outlive it.
 class Session {
  public:
-  struct Options {
-    std::string file;
+  /// Preferences that the command line overrides; empty texts leave them as they are.
+  struct Overrides {
     std::string lptIndex;
     std::string pcb;
   };
 
-  Session(const Options& options, platform::PortRegisters& registers, platform::Sleeper& sleeper,
-          CtlBoxes::Answer answer);
+  Session(const Overrides& overrides, platform::PortRegisters& registers,
+          platform::Sleeper& sleeper, CtlBoxes::Answer answer);
 
-  /// Opens the chosen file; what no box tells goes to standard error.
-  ExitCode open();
+  /// Opens a Setup file; what no box tells goes to standard error.
+  ExitCode openSetup(const std::string& path);
+
+  /// The model's operations of these names.
+  shell::OpenedFirmware openFirmware(const std::string& path);
+  platform::Failure saveFirmware(const std::string& path);
 
  private:
   platform::ProgramIdentity program_;
@@ -84,7 +84,7 @@ class Session {
   host::Windows1250 codePage_;
   settings::JsonSettings preferences_;
   OptionSettings settings_;
-  GivenFile dialog_;
+  NoDialog dialog_;
 
  public:
   CtlBoxes boxes;

@@ -133,9 +133,9 @@ ExitCode upload(const UploadOptions& options) {
   ports::Recorder recorder(port, pacer);
   Terminal terminal(options.yes);
   Session session(
-      {options.file, lptIndex(options.lpt), options.pcb}, recorder, recorder,
+      {lptIndex(options.lpt), options.pcb}, recorder, recorder,
       [&terminal](const std::string& text, int style) { return terminal.show(text, style); });
-  if (const ExitCode opened = session.open(); opened != done) return opened;
+  if (const ExitCode opened = session.openSetup(options.file); opened != done) return opened;
   if (!session.lap.setup.Letolt.Enabled) {
     std::cerr << "Ez a Setup az első kiadásé (Vilor), PC-Linken nem tölthető fel.\n";
     return fileError;

@@ -1,0 +1,143 @@
+#include <filesystem>
+#include <iostream>
+#include <system_error>
+
+#include "apps/ctl/commands.h"
+#include "apps/ctl/session.h"
+#include "apps/ctl/state.h"
+#include "firmware/image_check.h"
+#include "host/host_files.h"
+#include "host/pacer.h"
+#include "ports/register_memory.h"
+#include "shell/event_texts.h"
+#include "timing/numbers.h"
+
+namespace monitra::ctl {
+
+using platform::Failure;
+
+namespace {
+
+/// A session without a port, whose boxes go where the caller wants them.
+struct PortlessSession {
+  explicit PortlessSession(CtlBoxes::Answer answer)
+      : session({}, nowhere, pacer, std::move(answer)) {}
+
+  ports::RegisterMemory nowhere;
+  host::Pacer pacer;
+  Session session;
+};
+
+void tellFaults(const firmware::ImageReport& image, const std::string& file) {
+  for (const firmware::ImageFault& fault : image.faults) {
+    std::cerr << shell::faultText(fault, file) << '\n';
+  }
+  const long more = image.faultCount - static_cast<long>(image.faults.size());
+  if (more > 0) std::cerr << "... és még " << more << " hiba.\n";
+}
+
+void tellAdjusted(int values) {
+  if (values > 0) std::cerr << shell::adjustedText(values) << '\n';
+}
+
+/// The same numbers mean other times where the editions differ.
+void tellOtherBase(double ofSetup, double ofFirmware) {
+  if (ofSetup == ofFirmware) return;
+  constexpr double microseconds = 1e6;
+  std::cerr << "Figyelem: a Setup alapideje " << timing::decimalText(ofSetup * microseconds)
+            << " us, a firmware-é " << timing::decimalText(ofFirmware * microseconds)
+            << " us: ugyanazok a számok más időket jelentenek.\n";
+}
+
+/// What a failed patching may have left.
+void tellUnfinished(Failure failure, const std::string& target) {
+  std::error_code error;
+  if (failure == Failure::FileExists || !std::filesystem::exists(target, error)) return;
+  std::cerr << "A(z) '" << target << "' félbemaradt: törölje, és ne töltse a vezérlőbe!\n";
+}
+
+std::string unreadableText(Failure failure) {
+  switch (failure) {
+    case Failure::FileNotFound:
+    case Failure::PathNotFound:
+      return "nincs ilyen fájl.";
+    case Failure::PathFileAccess:
+      return "nem olvasható: mappa, vagy nincs hozzá jog.";
+    default:
+      return "nem olvasható végig, a hiba kódja" + timing::numberText(static_cast<int>(failure)) +
+             ".";
+  }
+}
+
+void printChange(std::string_view name, int before, int after) {
+  if (before != after) std::cout << "  " << name << ": " << before << " -> " << after << '\n';
+}
+
+void printChanges(const timing::Setup& before, const timing::Setup& after) {
+  for (std::size_t i = 0; i < timing::timingFields; ++i) {
+    printChange(timing::timingFieldNames[i], before.timing[i], after.timing[i]);
+  }
+  printChange("Funkcio", before.Funkcio, after.Funkcio);
+  printChange("Ut", before.Ut, after.Ut);
+  printChange("Tures", before.Tures, after.Tures);
+}
+
+}  // namespace
+
+ExitCode firmwareShow(const ShowOptions& options) {
+  PortlessSession here([](const std::string&, int) { return platform::BoxAnswer::Ok; });
+  const shell::OpenedFirmware opened = here.session.openFirmware(options.file);
+  printState(here.session, options.json,
+             {{"Vegallas", here.session.lap.setup.Vegallas.Caption},
+              {"FirmwareNev", here.session.lap.kozos.FirmwareNev}});
+  tellAdjusted(opened.read.adjusted);
+  tellFaults(opened.image, options.file);
+  return opened.read.failure == Failure::None ? done : fileError;
+}
+
+ExitCode firmwarePatch(const PatchOptions& options) {
+  PortlessSession here([](const std::string& text, int) {
+    std::cerr << boxLines(text) << '\n';
+    return platform::BoxAnswer::Ok;
+  });
+  shell::Lap& lap = here.session.lap;
+  if (const ExitCode code = here.session.openSetup(options.setup); code != done) return code;
+  const timing::Setup wanted = lap.setup.spinValues();
+  const double setupBase = lap.kozos.Alapido;
+
+  const shell::OpenedFirmware opened = here.session.openFirmware(options.firmware);
+  tellAdjusted(opened.read.adjusted);
+  tellFaults(opened.image, options.firmware);
+  if (opened.read.failure != Failure::None) return fileError;
+  if (!opened.image.blockIsWhole) {
+    std::cerr << "A paraméterblokk rekordjai hibásak, a másolat sem lenne jó: nem készült el.\n";
+    return fileError;
+  }
+  const timing::Setup before = lap.setup.spinValues();
+  tellOtherBase(setupBase, lap.kozos.Alapido);
+  lap.setup.setSpinValues(wanted);
+  if (const Failure failure = here.session.saveFirmware(options.target); failure != Failure::None) {
+    tellUnfinished(failure, options.target);
+    return fileError;
+  }
+  std::cout << "Elkészült: " << options.target << " (" << lap.setup.Verz.Caption.get() << ")\n";
+  printChanges(before, lap.setup.spinValues());
+  return done;
+}
+
+ExitCode firmwareVerify(const std::string& file) {
+  host::HostFiles files;
+  const firmware::ImageReport image = firmware::checkImage(files, file);
+  tellFaults(image, file);
+  if (image.failure != Failure::None) {
+    std::cerr << file << ": " << unreadableText(image.failure) << '\n';
+    return fileError;
+  }
+  std::cout << file << ": " << image.records << " rekord, "
+            << (image.faultCount == 0 ? "hibátlan" : std::to_string(image.faultCount) + " hiba");
+  if (image.blockLine > 0) std::cout << "; paraméterblokk a(z) " << image.blockLine << ". sortól";
+  std::cout << ".\n";
+  return image.faultCount == 0 ? done : fileError;
+}
+
+}  // namespace monitra::ctl
