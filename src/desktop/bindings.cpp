@@ -115,6 +115,8 @@ void bind(QLabel* widget, controls::Label& control) {
 }
 
 void bind(QLineEdit* widget, controls::TextBox& control) {
+  // A file dropped here is meant for the window.
+  widget->setAcceptDrops(false);
   widget->setReadOnly(control.Locked);
   mirror(control.Text, [widget, &control] {
     const QString text = toQt(control.Text.get());
@@ -127,6 +129,7 @@ void bind(QLineEdit* widget, controls::TextBox& control) {
 }
 
 void bind(QPlainTextEdit* widget, controls::TextBox& control) {
+  widget->setAcceptDrops(false);
   widget->setReadOnly(true);
   mirror(control.Text, [widget, &control] { widget->setPlainText(linesToQt(control.Text.get())); });
   mirrorEnabled(widget, control.Enabled);

@@ -1,8 +1,11 @@
 #include "desktop/main_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
 #include <QLayout>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScreen>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -15,6 +18,7 @@
 #include "desktop/test_tab.h"
 #include "desktop/text.h"
 #include "desktop/words.h"
+#include "shell/file_kind.h"
 #include "shell/window_description.h"
 
 namespace monitra::desktop {
@@ -34,6 +38,16 @@ QAction* addEntry(QMenu* menu, std::string_view name) {
   return action;
 }
 
+/// The path of a dragged file that the program opens; empty if it isn't exactly one. The file is
+/// only looked at, so whoever drags it must be content with a copy.
+std::string droppedFile(const QDropEvent& event) {
+  const QList<QUrl> urls = event.mimeData()->urls();
+  if (urls.size() != 1 || !event.possibleActions().testFlag(Qt::CopyAction)) return {};
+  std::string path = urls.constFirst().toLocalFile().toStdString();
+  if (shell::fileKind(path) == shell::FileKind::None) path.clear();
+  return path;
+}
+
 }  // namespace
 
 MainWindow::MainWindow(shell::Lap& lap) : lap_(lap) {
@@ -41,6 +55,7 @@ MainWindow::MainWindow(shell::Lap& lap) : lap_(lap) {
   setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                  Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
                  Qt::WindowCloseButtonHint);
+  setAcceptDrops(true);
   addMenus();
 
   auto* content = new QWidget;
@@ -93,6 +108,22 @@ void MainWindow::showCentred() {
 void MainWindow::closeEvent(QCloseEvent* event) {
   lap_.Form_Unload();
   event->accept();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (QApplication::activeModalWidget() != nullptr || droppedFile(*event).empty()) return;
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  const std::string path = droppedFile(*event);
+  if (path.empty()) return;
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+  // Whoever dragged the file waits for the end of this event, which a box must not hold up.
+  QMetaObject::invokeMethod(
+      this, [this, path] { lap_.openDropped(path); }, Qt::QueuedConnection);
 }
 
 }  // namespace monitra::desktop

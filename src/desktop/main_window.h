@@ -9,7 +9,7 @@ class QTabWidget;
 namespace monitra::desktop {
 
 /// The program's window, bound to the Lap, which must have been started and must outlive it.
-/// Closing it runs the Lap's shutdown.
+/// Closing it runs the Lap's shutdown. A Setup or firmware file dropped on it is opened.
 class MainWindow : public QMainWindow {
  public:
   explicit MainWindow(shell::Lap& lap);
@@ -19,6 +19,8 @@ class MainWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   void addMenus();

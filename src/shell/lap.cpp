@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "shell/event_texts.h"
+#include "shell/file_kind.h"
 #include "store/text_reader.h"
 #include "store/window_title.h"
 
@@ -151,6 +152,13 @@ platform::Failure Lap::saveFirmware() {
   const platform::Failure failure = firmware_.FirmwareMent();
   Esemeny.Caption = savingText(failure, outside_.Fileablak.FileName);
   return failure;
+}
+
+void Lap::openDropped(const std::string& path) {
+  const FileKind kind = fileKind(path);
+  const platform::GivenName name(outside_.Fileablak, path);
+  if (kind == FileKind::Setup) openSetup();
+  if (kind == FileKind::Firmware) openFirmware();
 }
 
 }  // namespace monitra::shell

@@ -79,6 +79,10 @@ class Lap {
   OpenedFirmware openFirmware();
   platform::Failure saveFirmware();
 
+  /// A file has been dropped on the window: opens a Setup file and reads a firmware file, whose
+  /// kind its extension tells; any other file is left alone.
+  void openDropped(const std::string& path);
+
   /// For a caller that needs to know how an operation went.
   link::Upload& upload() { return upload_; }
   store::SetupFiles& setupFiles() { return files_; }

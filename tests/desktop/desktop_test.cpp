@@ -2,12 +2,14 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -23,6 +25,7 @@
 #include "desktop/qt_message_box.h"
 #include "desktop/spin_arrows.h"
 #include "desktop/text.h"
+#include "support/image.h"
 #include "support/window.h"
 
 namespace monitra::desktop {
@@ -182,6 +185,63 @@ TEST_F(Desktop, TheEndOfTheSessionEndsWithoutAQuestion) {
   QApplication::sendEvent(qApp, &quit);
   EXPECT_EQ(journal.front(), "r378");
   EXPECT_EQ(journal.back(), "end");
+}
+
+TEST_F(Desktop, OneSetupOrFirmwareFileDroppedAnywhereIsOpenedAsACopy) {
+  const QString firmware =
+      toQt(scratch.write("fw.hex", support::Block().text() + support::closingRecord));
+  const QString setup = toQt(scratch.write("a.pwm", ""));
+  const auto drop = [this](QWidget* onto, const QList<QUrl>& urls, Qt::DropActions offered) {
+    QMimeData data;
+    data.setUrls(urls);
+    data.setText(QStringLiteral("file"));
+    QWindow* const target = window->windowHandle();
+    const QPointF at = onto->mapTo(window.get(), onto->rect().center());
+    QDragEnterEvent enter(at.toPoint(), offered, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(target, &enter);
+    if (!enter.isAccepted()) return false;
+    QDragMoveEvent move(at.toPoint(), offered, &data, Qt::LeftButton, Qt::NoModifier);
+    // As the platform does it: what was accepted on entering holds on the way.
+    move.setDropAction(enter.dropAction());
+    move.accept();
+    QApplication::sendEvent(target, &move);
+    QDropEvent event(at, offered, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(target, &event);
+    EXPECT_TRUE(move.isAccepted() && event.isAccepted());
+    EXPECT_EQ(event.dropAction(), Qt::CopyAction) << "whoever drags it must not remove the file";
+    return true;
+  };
+  const auto url = [](const QString& path) { return QUrl::fromLocalFile(path); };
+  const std::string unchanged = lap.form.Caption;
+  QWidget* const field = find<QLineEdit>("Ut");
+  EXPECT_FALSE(drop(field, {}, Qt::CopyAction));
+  EXPECT_FALSE(drop(field, {url("/tmp/a.txt")}, Qt::CopyAction));
+  EXPECT_FALSE(drop(field, {url(firmware), url(setup)}, Qt::CopyAction));
+  EXPECT_FALSE(drop(field, {QUrl("http://pelda.hu/fw.hex")}, Qt::CopyAction));
+  EXPECT_FALSE(drop(field, {url(firmware)}, Qt::MoveAction));
+  QMessageBox message(window.get());
+  message.open();
+  EXPECT_FALSE(drop(field, {url(firmware)}, Qt::CopyAction)) << "under a box";
+  message.close();
+  QApplication::processEvents();
+  EXPECT_EQ(lap.form.Caption.get(), unchanged);
+
+  EXPECT_TRUE(drop(field, {url(firmware)}, Qt::MoveAction | Qt::CopyAction));
+  EXPECT_EQ(lap.form.Caption.get(), unchanged) << "the drop ends first, a box might come up";
+  QApplication::processEvents();
+  EXPECT_EQ(lap.form.Caption.get(), unchanged + "   (fw.hex)");
+  EXPECT_EQ(boxText("Ut"), "258");
+  EXPECT_TRUE(find<QAction>("MBTallando")->isChecked());
+  for (QWidget* const onto : std::initializer_list<QWidget*>{
+           find<QTabWidget>("SSTab1"), find<QLabel>("Esemeny"), find<QWidget>("Funkcio")}) {
+    lap.form.Caption = "";
+    EXPECT_TRUE(drop(onto, {url(setup)}, Qt::CopyAction)) << onto->objectName().toStdString();
+    QApplication::processEvents();
+    EXPECT_EQ(lap.form.Caption.get(), unchanged + "  (a.pwm)");
+  }
+  find<QTabWidget>("SSTab1")->setCurrentIndex(3);
+  EXPECT_TRUE(drop(find<QPlainTextEdit>("InfoT"), {url(setup)}, Qt::CopyAction));
+  QApplication::processEvents();
 }
 
 /// Does something to the dialog that comes up next.

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "support/image.h"
 #include "support/program.h"
 
 namespace monitra::shell {
@@ -134,6 +135,35 @@ TEST_F(Shell, StatusLineTellsWhatNoBoxDoes) {
   lap.Esemeny.Caption = "régi";
   lap.setup.Letolt.click();
   EXPECT_EQ(lap.Esemeny.Caption.get(), "") << "an upload begins with a clean line";
+}
+
+TEST_F(Shell, ADroppedFileAnswersTheDialogOnce) {
+  lap.Form_Load();
+  const support::Block block;
+  const std::string setup = scratch.write("a.PWM", "300\r\n");
+  const std::string image = scratch.write("fw.Hex", block.text() + support::closingRecord);
+  const std::string bad = scratch.write("rossz.hex", block.text() + ":00\n");
+  journal.clear();
+  lap.openDropped(image);
+  EXPECT_EQ(journal, Journal{});
+  EXPECT_EQ(lap.form.Caption.get(), "Vilor CNC Monitra V2.2.0   (fw.Hex)");
+  EXPECT_EQ(lap.Esemeny.Caption.get(), "Beolvasva a(z) V5.0.3 firmware paraméterblokkja.");
+  EXPECT_EQ(lap.kozos.Modositott, 0);
+  lap.openDropped(bad);
+  EXPECT_EQ(lap.Esemeny.Caption.get(),
+            "rossz.hex: nincs záró rekord (:00000001FF), a fájl csonka lehet (és még 1 hiba)");
+  lap.openDropped(setup);
+  EXPECT_EQ(lap.form.Caption.get(), "Vilor CNC Monitra V2.2.0  (a.PWM)");
+  EXPECT_EQ(lap.Esemeny.Caption.get().find("A fájl hiányos: 1 sor"), 0U);
+  for (const char* other : {"/tmp/a.txt", "pwm", ".hexa", "/mappa.hex/fw", ""}) {
+    lap.openDropped(other);
+  }
+  EXPECT_EQ(journal, Journal{});
+  lap.MFSetNyit.click();
+  EXPECT_EQ(journal, Journal{"open" + save.substr(4)}) << "later dialogs come up again";
+  lap.openDropped(scratch.path("nincs.hex"));
+  EXPECT_EQ(journal.back(), "box 16: 'nincs.hex' nem található !");
+  EXPECT_EQ(lap.Esemeny.Caption.get(), "");
 }
 
 TEST_F(Shell, BeepsLeaveTheProgramAndAMissingPermitIsPutIntoWords) {

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string_view>
+
+namespace monitra::shell {
+
+/// The files that the program opens.
+enum class FileKind { None, Setup, Firmware };
+
+/// By the extension, in either case.
+FileKind fileKind(std::string_view path);
+
+}  // namespace monitra::shell
