@@ -85,7 +85,7 @@ class Checker {
       report_.failure = failure;
       return report_;
     }
-    if (!ended_) fault(0, "nincs záró rekord (:00000001FF), a fájl csonka lehet", true);
+    if (!ended_) fault(0, "nincs záró rekord (:00000001FF): csonka, vagy nem hex fájl", true);
     if (blockRecord_ == 0) {
       fault(0, "nincs paraméterblokk (4200 című rekord), ez nem a vezérlő firmware-e", true);
     } else if (blockRecord_ < blockRecords) {

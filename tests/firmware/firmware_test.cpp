@@ -329,7 +329,7 @@ TEST_F(Firmware, AnImageIsCheckedRecordByRecord) {
     return std::string(b).replace(at, to.size(), to);
   };
   const std::string here = "itt a paraméterblokk 4210 című rekordja ";
-  const std::string noEnd = "0 nincs záró rekord (:00000001FF), a fájl csonka lehet";
+  const std::string noEnd = "0 nincs záró rekord (:00000001FF): csonka, vagy nem hex fájl";
   const std::string noBlock =
       "0 nincs paraméterblokk (4200 című rekord), ez nem a vezérlő firmware-e";
   const std::string cut = "0 a fájl a paraméterblokk közepén véget ér";
