@@ -171,13 +171,16 @@ Failure FirmwareFiles::FirmwareMent() {
   prepareDialog("Modositott.hex");
   Failure failure = outside_.Fileablak.ShowSave();
   if (failure == Failure::None) {
-    if (store::exists(outside_)) return refuseExisting();
+    // Creating also finds what the name alone doesn't: the same file under another spelling, a
+    // link to nowhere, a file that has come up since.
+    std::unique_ptr<platform::ByteWriter> target;
+    failure = store::exists(outside_)
+                  ? Failure::FileExists
+                  : outside_.files.createForWriting(outside_.Fileablak.FileName, target);
+    if (failure == Failure::FileExists) return refuseExisting();
     kozos_.FirmwareCel = outside_.Fileablak.FileTitle;
     form_.Caption = store::windowTitle(outside_.program, kozos_.FirmwareCel, titleBlanks);
-    failure = writeTarget();
-    // There all the same: under a spelling that the file system takes for the same, as a link to
-    // nowhere, or since a moment ago.
-    if (failure == Failure::FileExists) return refuseExisting();
+    if (failure == Failure::None) failure = writeTarget(std::move(target));
   }
   store::reportFailure(outside_.box, failure, "Eror in File funktions ! Error Code:");
   return failure;
@@ -189,14 +192,11 @@ Failure FirmwareFiles::refuseExisting() {
   return Failure::FileExists;
 }
 
-Failure FirmwareFiles::writeTarget() {
-  std::unique_ptr<platform::ByteWriter> file;
-  Failure failure = outside_.files.createForWriting(outside_.Fileablak.FileName, file);
-  if (failure != Failure::None) return failure;
+Failure FirmwareFiles::writeTarget(std::unique_ptr<platform::ByteWriter> file) {
   store::TextWriter target(std::move(file));
-  failure = copyPatched(target);
+  const Failure copied = copyPatched(target);
   const Failure closed = target.close();
-  return failure != Failure::None ? failure : closed;
+  return copied != Failure::None ? copied : closed;
 }
 
 Failure FirmwareFiles::copyPatched(store::TextWriter& target) {
@@ -228,7 +228,8 @@ void FirmwareFiles::prepareDialog(const char* name) {
 Failure FirmwareFiles::openSource(std::unique_ptr<TextReader>& source) {
   std::unique_ptr<platform::ByteReader> file;
   const Failure failure = outside_.files.openForReading(kozos_.FirmwareUtvonal, file);
-  if (failure == Failure::None) source = std::make_unique<TextReader>(std::move(file));
+  if (failure == Failure::None)
+    source = std::make_unique<TextReader>(std::move(file), longestImageLine);
   return failure;
 }
 

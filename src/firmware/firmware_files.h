@@ -46,7 +46,7 @@ class FirmwareFiles {
   int applyRecord(int record, const RecordBytes& bytes);
   bool applyTimingField(int i, int value);
   bool applyPath(int value);
-  platform::Failure writeTarget();
+  platform::Failure writeTarget(std::unique_ptr<platform::ByteWriter> file);
   platform::Failure copyPatched(store::TextWriter& target);
   platform::Failure refuseExisting();
 

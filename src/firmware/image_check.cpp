@@ -1,5 +1,6 @@
 #include "firmware/image_check.h"
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <string_view>
@@ -37,7 +38,6 @@ std::string badCharacter(std::string_view line, std::size_t index) {
 
 /// What is wrong with a line as a record on its own; empty if nothing is.
 std::string recordFault(std::string_view line) {
-  if (line.empty()) return "üres sor a paraméterblokkban";
   if (line.front() != ':') return "nem kettősponttal kezdődik, ezért nem rekord";
   for (std::size_t i = 1; i < line.size(); ++i) {
     if (hexDigit(line[i]) < 0) return badCharacter(line, i);
@@ -67,31 +67,32 @@ std::string recordFault(std::string_view line) {
 
 class Checker {
  public:
+  explicit Checker(std::size_t mostFaults) : mostFaults_(mostFaults) {}
+
   void take(std::string_view line) {
     ++line_;
-    const bool ofBlock =
-        blockRecord_ == 0 ? hasAddress(line, blockAddresses[0]) : blockRecord_ < blockRecords;
-    if (line.empty() && !ofBlock) return;
-    if (!line.empty()) ++report_.records;
-    std::string reason = recordFault(line);
-    if (reason.empty()) reason = sequenceFault(line);
-    if (ofBlock) takeOfBlock(line, reason);
-    if (!reason.empty()) fault(line_, reason, ofBlock);
+    const bool record = line.starts_with(':');
+    if (record) ++report_.records;
+    std::string reason = line.empty() ? std::string{} : recordFault(line);
+    if (record && reason.empty()) reason = sequenceFault(line);
+    const bool decisive = takeFields(line, reason);
+    if (!reason.empty()) fault(line_, reason, decisive);
   }
 
   ImageReport end(Failure failure) {
     if (failure == Failure::LineTooLong) fault(line_ + 1, "túl hosszú sor, ez nem hex fájl", true);
     if (failure != Failure::EndOfFile) {
       report_.failure = failure;
-      return report_;
+    } else if (report_.records == 0) {
+      fault(0, "egyetlen rekord sincs benne, ez nem hex fájl", true);
+    } else {
+      if (next_ == 0) fault(0, "nincs paraméterblokk (4200 című rekord)", true);
+      if (next_ > 0 && next_ < blockRecords) {
+        fault(0, "a fájl a paraméterblokk közepén véget ér", true);
+      }
+      if (!ended_) fault(0, "nincs záró rekord (:00000001FF), a fájl csonka lehet", true);
     }
-    if (!ended_) fault(0, "nincs záró rekord (:00000001FF): csonka, vagy nem hex fájl", true);
-    if (blockRecord_ == 0) {
-      fault(0, "nincs paraméterblokk (4200 című rekord), ez nem a vezérlő firmware-e", true);
-    } else if (blockRecord_ < blockRecords) {
-      fault(0, "a fájl a paraméterblokk közepén véget ér", true);
-    }
-    report_.blockIsWhole = blockRecord_ == blockRecords && blockIsWhole_;
+    report_.blockIsSound = blockIsSound_ && next_ == blockRecords;
     return report_;
   }
 
@@ -107,48 +108,78 @@ class Checker {
     return {};
   }
 
-  void takeOfBlock(std::string_view line, std::string& reason) {
-    const std::string_view address = blockAddresses[static_cast<std::size_t>(blockRecord_)];
-    if (blockRecord_++ == 0) report_.blockLine = line_;
-    const bool sixteen = line.size() == blockRecordLength && line.substr(1, 2) == "10";
-    if (!sixteen || !recordBytes(line)) blockIsWhole_ = false;
-    if (!reason.empty()) return;
-    const std::string here = "itt a paraméterblokk " + std::string(address) + " című rekordja";
-    if (!hasAddress(line, address)) {
-      reason = here + " kellene, hogy álljon";
-    } else if (!sixteen) {
-      reason = here + " áll, abban 16 adatbájtnak kell lennie";
-    } else if (byteAt(line, typePosition) != data) {
-      reason = here + " áll, de nem adatrekord";
-    } else if (highAddress_ && report_.blockLine == line_) {
-      reason = here + " áll, de kiterjesztett címmel nem oda esik";
+  /// Looks for the block where its reader does: in the fields of a line. Gives whether there is
+  /// something of it, with the reason if nothing worse was found.
+  bool takeFields(std::string_view line, std::string& reason) {
+    bool ofBlock = false;
+    for (std::size_t at = 0; at <= line.size();) {
+      const std::size_t end = std::min(line.find(',', at), line.size());
+      std::string_view field = line.substr(at, end - at);
+      field.remove_prefix(std::min(field.find_first_not_of(' '), field.size()));
+      at = end + 1;
+      const std::string fieldReason = takeField(field, ofBlock);
+      if (reason.empty()) reason = fieldReason;
     }
+    return ofBlock;
+  }
+
+  std::string takeField(std::string_view field, bool& ofBlock) {
+    const bool versions = !versionSeen_ && hasAddress(field, blockAddresses[versionRecord]);
+    versionSeen_ = versionSeen_ || versions;
+    std::string reason;
+    if (next_ == 0 ? hasAddress(field, blockAddresses[0]) : next_ < blockRecords) {
+      ofBlock = true;
+      reason = blockFault(field);
+      ++next_;
+    } else if (versions) {
+      ofBlock = true;
+      reason = "innen olvassa a program a verziót, pedig ez nem a paraméterblokk rekordja";
+    }
+    if (!reason.empty()) blockIsSound_ = false;
+    return reason;
+  }
+
+  /// What is wrong with a field as the block's next record, its checksum apart.
+  std::string blockFault(std::string_view field) {
+    if (next_ == 0) report_.blockLine = line_;
+    const std::string_view address = blockAddresses[static_cast<std::size_t>(next_)];
+    const std::string here = "itt a paraméterblokk " + std::string(address) + " című rekordja ";
+    if (!recordBytes(field) || field.size() != blockRecordLength || !field.starts_with(":10")) {
+      return here + "kellene, hogy álljon, 16 adatbájttal";
+    }
+    if (!hasAddress(field, address) || byteAt(field, typePosition) != data) {
+      return here + "kellene, hogy álljon";
+    }
+    const bool elsewhere = next_ == 0 && highAddress_;
+    return elsewhere ? here + "áll, de kiterjesztett címmel nem oda esik" : std::string{};
   }
 
   /// A decisive fault is one of the block or of the file as a whole.
   void fault(long line, const std::string& reason, bool decisive) {
     ++report_.faultCount;
-    if (decisive || report_.faults.size() < ImageReport::mostFaults) {
+    if (decisive || report_.faults.size() < mostFaults_) {
       report_.faults.push_back({line, reason, decisive});
     }
   }
 
+  std::size_t mostFaults_;
   ImageReport report_;
   long line_ = 0;
-  int blockRecord_ = 0;  ///< the block's record to come
-  bool blockIsWhole_ = true;
+  int next_ = 0;  ///< the block's record to come
+  bool blockIsSound_ = true;
+  bool versionSeen_ = false;
   bool highAddress_ = false;  ///< an extended address above the first 64 KiB is in force
   bool ended_ = false;
 };
 
 }  // namespace
 
-ImageReport checkImage(platform::Files& files, const std::string& path) {
+ImageReport checkImage(platform::Files& files, const std::string& path, std::size_t mostFaults) {
   std::unique_ptr<platform::ByteReader> file;
   Failure failure = files.openForReading(path, file);
-  Checker checker;
+  Checker checker(mostFaults);
   if (failure == Failure::None) {
-    store::TextReader source(std::move(file));
+    store::TextReader source(std::move(file), longestImageLine);
     std::string line;
     while ((failure = source.readLine(line)) == Failure::None) checker.take(line);
   }

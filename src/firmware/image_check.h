@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -15,19 +16,19 @@ struct ImageFault {
 };
 
 struct ImageReport {
-  static constexpr std::size_t mostFaults = 20;
-
   /// Why the file could not be read to its end.
   platform::Failure failure = platform::Failure::None;
-  long records = 0;
+  long records = 0;                ///< lines that begin as one
   long blockLine = 0;              ///< where the parameter block begins; 0: there is none
-  bool blockIsWhole = false;       ///< a patched copy of the block's records has valid records
+  bool blockIsSound = false;       ///< its records are whole and in place, checksums apart
   long faultCount = 0;             ///< of all faults
   std::vector<ImageFault> faults;  ///< the first of them, and all decisive ones
 };
 
 /// Checks each record of an Intel HEX file for its form, its length and its checksum, and the file
 /// for its closing record and the parameter block. Reads the file once and changes nothing.
-ImageReport checkImage(platform::Files& files, const std::string& path);
+/// Up to so many faults are kept.
+ImageReport checkImage(platform::Files& files, const std::string& path,
+                       std::size_t mostFaults = 20);
 
 }  // namespace monitra::firmware

@@ -10,6 +10,8 @@ constexpr int countPosition = 2;
 constexpr int addressPosition = 4;
 constexpr int dataPosition = 10;
 constexpr int wordDigits = 4;
+constexpr int checksumDigits = 2;
+/// From the byte count to the last data word.
 constexpr int recordDigits = dataPosition - countPosition + wordsPerRecord * wordDigits;
 
 std::string_view part(std::string_view line, int position, int length) {
@@ -20,11 +22,11 @@ constexpr int wordPosition(int word) {
   return dataPosition + word * wordDigits;
 }
 
-/// A record without its checksum: head and data words.
 bool isWhole(std::string_view line) {
-  constexpr std::size_t end = countPosition - 1 + recordDigits;
-  return line.size() >= end && std::ranges::all_of(part(line, countPosition, recordDigits),
-                                                   [](char c) { return hexDigit(c) >= 0; });
+  constexpr int digits = recordDigits + checksumDigits;
+  return line.size() > digits && line[0] == ':' &&
+         std::ranges::all_of(part(line, countPosition, digits),
+                             [](char c) { return hexDigit(c) >= 0; });
 }
 
 /// The byte that patching puts into the block; none where it keeps what is there.

@@ -35,6 +35,10 @@ inline constexpr int wordsPerRecord = 8;
 inline constexpr std::array<std::string_view, blockRecords> blockAddresses{"4200", "4210", "4220"};
 inline constexpr int versionRecord = 2;
 
+/// Lines of an image up to this length in bytes are read, whatever they hold. A page saved under
+/// an image's name can be one long line.
+inline constexpr std::size_t longestImageLine = 16 * 1024 * 1024;
+
 /// The block's bytes, eight to a record. Reader and patcher both go by this table: what is patched
 /// is the Setup, and everything else stays as it is in the source.
 inline constexpr std::array<BlockByte, blockRecords * wordsPerRecord> parameterBlock{{
@@ -99,9 +103,9 @@ std::uint8_t checksum(std::string_view digits);
 /// Whether the line has this address, four digits, at positions 4 to 7.
 bool hasAddress(std::string_view line, std::string_view address);
 
-/// The eight bytes of the block that a record's line holds. None if the line has anything but hex
-/// digits from its byte count to its last data word, or ends ahead of that. Byte count, address,
-/// record type and checksum are not tested.
+/// The eight bytes of the block that a record's line holds. None if the line isn't a colon and hex
+/// digits up to the checksum's place, or ends ahead of that. What byte count, address, record type
+/// and checksum are is not tested.
 using RecordBytes = std::array<std::uint8_t, wordsPerRecord>;
 std::optional<RecordBytes> recordBytes(std::string_view line);
 

@@ -37,10 +37,25 @@ std::string firmwareText(const firmware::ReadResult& result, const firmware::Ima
     if (report.faultCount > 1) {
       text += " (és még " + std::to_string(report.faultCount - 1) + " hiba)";
     }
-  } else if (result.failure == Failure::None) {
+  } else if (result.failure != Failure::None || report.failure != Failure::None) {
+    text += unreadableText(report.failure != Failure::None ? report.failure : result.failure, name);
+  } else {
     text += "Beolvasva a(z) " + version + " firmware paraméterblokkja.";
   }
   return text;
+}
+
+std::string unreadableText(Failure failure, const std::string& name) {
+  switch (failure) {
+    case Failure::FileNotFound:
+    case Failure::PathNotFound:
+      return name + ": nincs ilyen fájl.";
+    case Failure::PathFileAccess:
+      return name + ": nem olvasható, mert mappa, vagy nincs hozzá jog.";
+    default:
+      return name + ": nem olvasható be, a hiba kódja" +
+             timing::numberText(static_cast<int>(failure)) + ".";
+  }
 }
 
 std::string faultText(const firmware::ImageFault& fault, const std::string& name) {

@@ -14,9 +14,12 @@ namespace monitra::shell {
 std::string openingText(const store::OpenResult& result);
 std::string savingText(platform::Failure failure, const std::string& path);
 
-/// The same of a firmware file that was read: what is wrong with the image, or which version it is.
+/// The same of a firmware file that was read: what is wrong with it, or which version it is.
 std::string firmwareText(const firmware::ReadResult& result, const firmware::ImageReport& report,
                          const std::string& name, const std::string& version);
+
+/// Why a file can't be read to its end.
+std::string unreadableText(platform::Failure failure, const std::string& name);
 
 /// One fault of an image, with the file and the line.
 std::string faultText(const firmware::ImageFault& fault, const std::string& name);

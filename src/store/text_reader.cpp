@@ -15,7 +15,6 @@ Failure TextReader::readField(std::string& field) {
 }
 
 Failure TextReader::readUntil(std::string& text, bool commaEnds, bool skipBlanks) {
-  constexpr std::size_t longest = 65536;
   const auto isEnd = [commaEnds](char c) {
     return c == '\n' || c == '\r' || (commaEnds && c == ',');
   };
@@ -30,7 +29,7 @@ Failure TextReader::readUntil(std::string& text, bool commaEnds, bool skipBlanks
     }
     const auto begin = chunk_.begin() + static_cast<std::ptrdiff_t>(at_);
     const auto end = std::find_if(begin, chunk_.end(), isEnd);
-    if (text.size() + static_cast<std::size_t>(end - begin) > longest) return Failure::LineTooLong;
+    if (text.size() + static_cast<std::size_t>(end - begin) > longest_) return Failure::LineTooLong;
     text.append(begin, end);
     at_ = static_cast<std::size_t>(end - chunk_.begin());
     if (end != chunk_.end()) return endLine();

@@ -8,11 +8,12 @@
 namespace monitra::store {
 
 /// A text file read line by line or field by field, as bytes. A line ends with CR LF, LF or CR,
-/// and the last one also with the file. A text of more than 64 KiB is no line of a text file:
-/// Failure::LineTooLong.
+/// and the last one also with the file. A text longer than the given number of bytes is no line of
+/// a text file: Failure::LineTooLong.
 class TextReader {
  public:
-  explicit TextReader(std::unique_ptr<platform::ByteReader> file) : file_(std::move(file)) {}
+  explicit TextReader(std::unique_ptr<platform::ByteReader> file, std::size_t longest = 65536)
+      : file_(std::move(file)), longest_(longest) {}
 
   /// The rest of the line. Failure::EndOfFile if nothing is left, not even an empty line.
   platform::Failure readLine(std::string& line);
@@ -28,6 +29,7 @@ class TextReader {
   platform::Failure fill();
 
   std::unique_ptr<platform::ByteReader> file_;
+  std::size_t longest_;
   std::string chunk_;
   std::size_t at_ = 0;
 };

@@ -22,6 +22,8 @@ struct Setup {
   bool Xegesz = false;                              ///< whole-step mode of each axis
   bool Yegesz = false;
   bool Zegesz = false;
+
+  bool operator==(const Setup&) const = default;
 };
 
 }  // namespace monitra::timing

@@ -242,7 +242,7 @@ TEST_F(Ctl, FirmwarePatchDiffersFromItsSourceInThePatchedBytesOnly) {
                 "  T1Y: 35 -> 245\n  T1Z: 39 -> 246\n  T2X: 33 -> 24\n  T2Y: 37 -> 25\n"
                 "  T2Z: 41 -> 26\n"
                 "  T3Y: 38 -> 35\n  T3Z: 42 -> 36\n  Funkcio: 2 -> 3\n  Ut: 258 -> 4660\n"
-                "  Tures: 9 -> 7\n");
+                "  Tures: 9 -> 7\nAz egész léptetés pipái nem kerülnek a firmware-be.\n");
   EXPECT_EQ(scratch.read("fw.hex"), source);
   if (support::shell("srec_cat --version").exitCode != 0) GTEST_SKIP() << "no srecord here";
   std::string before;
@@ -275,12 +275,21 @@ TEST_F(Ctl, FirmwarePatchRefusesWhatCouldHarmAndSaysWhatIsLeft) {
   expect(run({"firmware", "patch", firmware, file, file}, 1), "Mentse más néven!");
   expect(run({"firmware", "patch", firmware, scratch.write("rovid.pwm", "1\r\n"), target}, 1),
          "1 sor van benne a 22 helyett");
+  EXPECT_EQ(run({"firmware", "patch", firmware, file, scratch.path()}, 1),
+            "Drive Problem ! No Write in Drive.\n");
   support::Block block;
   block.line4210 = support::record(0x4210, std::vector<int>(32, 1));
   const std::string longer = scratch.write("hosszu.hex", image(block));
   const std::string refused = run({"firmware", "patch", longer, file, target}, 1);
-  expect(refused, longer + ", 1058. sor: itt a paraméterblokk 4210 című rekordja áll, abban 16");
-  expect(refused, "nem készült el");
+  expect(refused, longer + ", 1058. sor: itt a paraméterblokk 4210 című rekordja kellene");
+  expect(refused, "A paraméterblokk nem ép, vagy nem a helyén van. A másolat nem készült el.");
+  block = {};
+  block.line4220 = support::wordRecord(0x4220, {9, 0, '2', 0, '0', 0, '0', 0});
+  const std::string old = scratch.write("regi.hex", image(block));
+  std::string five = setupFile;
+  five.replace(five.find(" 3\r\n"), 2, " 5");
+  expect(run({"firmware", "patch", old, scratch.write("ot.pwm", five), target}, 1),
+         "Funkció törölve.\nA Setupnak nem minden értéke érvényes ebben a firmware-ben. A másolat");
   EXPECT_FALSE(std::filesystem::exists(target));
 
   const support::Ran full = support::shell("ulimit -f 64; " + support::quoted(ctl) +
@@ -292,14 +301,21 @@ TEST_F(Ctl, FirmwarePatchRefusesWhatCouldHarmAndSaysWhatIsLeft) {
   EXPECT_EQ(scratch.read("uj.hex").size(), 32768U) << "64 blocks, all that the limit allows";
   EXPECT_EQ(scratch.read("fw.hex") + scratch.read("a.pwm"), source + setupFile);
 
-  block = {};
-  block.line4200.replace(41, 2, "00");
-  block.line4220 = support::wordRecord(0x4220, {9, 0, '2', 0, '0', 0, '0', 0});
-  const std::string told = run({"firmware", "patch", scratch.write("regi.hex", image(block)), file,
-                                scratch.path("regi2.hex")},
-                               0);
-  expect(told, "1057. sor: az ellenőrző összeg hibás");
+  const std::string told = run({"firmware", "patch", old, file, scratch.path("regi2.hex")}, 0);
   expect(told, "a Setup alapideje 33 us, a firmware-é 100 us");
+  EXPECT_EQ(told.find("A forrás hibás"), std::string::npos);
+  block.line4200.replace(41, 2, "00");
+  block.line4220 = support::wordRecord(0x4220, {9, 0, 27, 0, '0', 0, '0', 0});
+  const std::string bad = scratch.write("rossz.hex", image(block));
+  const std::string warned = run({"firmware", "patch", bad, file, scratch.path("rossz2.hex")}, 0);
+  expect(warned, "1057. sor: az ellenőrző összeg hibás");
+  expect(warned, "(V?.0.0)");
+  expect(warned, "A forrás hibás, a másolat is az lehet");
+  std::string page;
+  for (int line = 0; line < 25; ++line) page += "<br>\n";
+  expect(run({"firmware", "verify", scratch.write("lap.hex", page)}, 1),
+         "25. sor: nem kettősponttal");
+  expect(run({"firmware", "show", scratch.path("lap.hex")}, 1), "... és még 5 hiba.");
 }
 
 }  // namespace

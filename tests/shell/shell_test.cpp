@@ -150,9 +150,8 @@ TEST_F(Shell, ADroppedFileAnswersTheDialogOnce) {
   EXPECT_EQ(lap.Esemeny.Caption.get(), "Beolvasva a(z) V5.0.3 firmware paraméterblokkja.");
   EXPECT_EQ(lap.kozos.Modositott, 0);
   lap.openDropped(bad);
-  EXPECT_EQ(
-      lap.Esemeny.Caption.get(),
-      "rossz.hex: nincs záró rekord (:00000001FF): csonka, vagy nem hex fájl (és még 1 hiba)");
+  EXPECT_EQ(lap.Esemeny.Caption.get(),
+            "rossz.hex: nincs záró rekord (:00000001FF), a fájl csonka lehet (és még 1 hiba)");
   lap.openDropped(setup);
   EXPECT_EQ(lap.form.Caption.get(), "Vilor CNC Monitra V2.2.0  (a.PWM)");
   EXPECT_EQ(lap.Esemeny.Caption.get().find("A fájl hiányos: 1 sor"), 0U);

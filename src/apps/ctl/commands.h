@@ -28,8 +28,8 @@ struct PatchOptions {
 };
 
 /// Writes a copy of a firmware file with the values of a Setup file in its parameter block, and
-/// prints what has changed. The target must not exist. A block whose copy would have records that
-/// no reader takes is refused ahead of writing.
+/// prints what has changed. The target must not exist. Refused ahead of writing: a block that is
+/// not whole or not in its place, and a Setup with a value that this firmware doesn't have.
 ExitCode firmwarePatch(const PatchOptions& options);
 
 /// Checks every record of a firmware file and prints each fault with its line; a file error if

@@ -1,5 +1,6 @@
 #include <filesystem>
 #include <iostream>
+#include <limits>
 #include <system_error>
 
 #include "apps/ctl/commands.h"
@@ -28,16 +29,23 @@ struct PortlessSession {
   Session session;
 };
 
+/// What is wrong with an image, or why it can't be read.
 void tellFaults(const firmware::ImageReport& image, const std::string& file) {
   for (const firmware::ImageFault& fault : image.faults) {
     std::cerr << shell::faultText(fault, file) << '\n';
   }
   const long more = image.faultCount - static_cast<long>(image.faults.size());
   if (more > 0) std::cerr << "... és még " << more << " hiba.\n";
+  if (image.failure != Failure::None) {
+    std::cerr << shell::unreadableText(image.failure, file) << '\n';
+  }
 }
 
-void tellAdjusted(int values) {
-  if (values > 0) std::cerr << shell::adjustedText(values) << '\n';
+void tellReading(const shell::OpenedFirmware& opened, const std::string& file) {
+  if (opened.read.adjusted > 0) {
+    std::cerr << file << ": " << shell::adjustedText(opened.read.adjusted) << '\n';
+  }
+  tellFaults(opened.image, file);
 }
 
 /// The same numbers mean other times where the editions differ.
@@ -49,24 +57,11 @@ void tellOtherBase(double ofSetup, double ofFirmware) {
             << " us: ugyanazok a számok más időket jelentenek.\n";
 }
 
-/// What a failed patching may have left.
+/// What a failed patching may have left. It began with no file there.
 void tellUnfinished(Failure failure, const std::string& target) {
   std::error_code error;
-  if (failure == Failure::FileExists || !std::filesystem::exists(target, error)) return;
+  if (failure == Failure::FileExists || !std::filesystem::is_regular_file(target, error)) return;
   std::cerr << "A(z) '" << target << "' félbemaradt: törölje, és ne töltse a vezérlőbe!\n";
-}
-
-std::string unreadableText(Failure failure) {
-  switch (failure) {
-    case Failure::FileNotFound:
-    case Failure::PathNotFound:
-      return "nincs ilyen fájl.";
-    case Failure::PathFileAccess:
-      return "nem olvasható: mappa, vagy nincs hozzá jog.";
-    default:
-      return "nem olvasható végig, a hiba kódja" + timing::numberText(static_cast<int>(failure)) +
-             ".";
-  }
 }
 
 void printChange(std::string_view name, int before, int after) {
@@ -82,6 +77,14 @@ void printChanges(const timing::Setup& before, const timing::Setup& after) {
   printChange("Tures", before.Tures, after.Tures);
 }
 
+/// Why this image can't get this Setup; none if it can.
+const char* refusal(const firmware::ImageReport& image, const timing::Setup& applied,
+                    const timing::Setup& wanted) {
+  if (!image.blockIsSound) return "A paraméterblokk nem ép, vagy nem a helyén van.";
+  return applied == wanted ? nullptr
+                           : "A Setupnak nem minden értéke érvényes ebben a firmware-ben.";
+}
+
 }  // namespace
 
 ExitCode firmwareShow(const ShowOptions& options) {
@@ -90,8 +93,7 @@ ExitCode firmwareShow(const ShowOptions& options) {
   printState(here.session, options.json,
              {{"Vegallas", here.session.lap.setup.Vegallas.Caption},
               {"FirmwareNev", here.session.lap.kozos.FirmwareNev}});
-  tellAdjusted(opened.read.adjusted);
-  tellFaults(opened.image, options.file);
+  tellReading(opened, options.file);
   return opened.read.failure == Failure::None ? done : fileError;
 }
 
@@ -106,33 +108,38 @@ ExitCode firmwarePatch(const PatchOptions& options) {
   const double setupBase = lap.kozos.Alapido;
 
   const shell::OpenedFirmware opened = here.session.openFirmware(options.firmware);
-  tellAdjusted(opened.read.adjusted);
-  tellFaults(opened.image, options.firmware);
+  tellReading(opened, options.firmware);
   if (opened.read.failure != Failure::None) return fileError;
-  if (!opened.image.blockIsWhole) {
-    std::cerr << "A paraméterblokk rekordjai hibásak, a másolat sem lenne jó: nem készült el.\n";
+  const timing::Setup before = lap.setup.spinValues();
+  lap.setup.setSpinValues(wanted);
+  if (const char* const reason = refusal(opened.image, lap.setup.spinValues(), wanted)) {
+    std::cerr << reason << " A másolat nem készült el.\n";
     return fileError;
   }
-  const timing::Setup before = lap.setup.spinValues();
-  tellOtherBase(setupBase, lap.kozos.Alapido);
-  lap.setup.setSpinValues(wanted);
   if (const Failure failure = here.session.saveFirmware(options.target); failure != Failure::None) {
     tellUnfinished(failure, options.target);
     return fileError;
   }
-  std::cout << "Elkészült: " << options.target << " (" << lap.setup.Verz.Caption.get() << ")\n";
-  printChanges(before, lap.setup.spinValues());
+  std::cout << "Elkészült: " << options.target << " (" << printable(lap.setup.Verz.Caption)
+            << ")\n";
+  printChanges(before, wanted);
+  tellOtherBase(setupBase, lap.kozos.Alapido);
+  if (wanted.Xegesz || wanted.Yegesz || wanted.Zegesz) {
+    std::cerr << "Az egész léptetés pipái nem kerülnek a firmware-be.\n";
+  }
+  if (opened.image.faultCount > 0) {
+    std::cerr << "A forrás hibás, a másolat is az lehet: ellenőrizze a firmware verify "
+                 "paranccsal, mielőtt a vezérlőbe tölti!\n";
+  }
   return done;
 }
 
 ExitCode firmwareVerify(const std::string& file) {
   host::HostFiles files;
-  const firmware::ImageReport image = firmware::checkImage(files, file);
+  const firmware::ImageReport image =
+      firmware::checkImage(files, file, std::numeric_limits<std::size_t>::max());
   tellFaults(image, file);
-  if (image.failure != Failure::None) {
-    std::cerr << file << ": " << unreadableText(image.failure) << '\n';
-    return fileError;
-  }
+  if (image.failure != Failure::None) return fileError;
   std::cout << file << ": " << image.records << " rekord, "
             << (image.faultCount == 0 ? "hibátlan" : std::to_string(image.faultCount) + " hiba");
   if (image.blockLine > 0) std::cout << "; paraméterblokk a(z) " << image.blockLine << ". sortól";

@@ -1,5 +1,6 @@
 #include "apps/ctl/session.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -26,7 +27,7 @@ std::string fullPath(const std::string& path) {
   std::error_code error;
   std::filesystem::path full = std::filesystem::absolute(path, error);
   if (error) full = path;
-  return full.has_filename() ? full : full.parent_path();
+  return full;
 }
 
 }  // namespace
@@ -67,7 +68,7 @@ ExitCode Session::openSetup(const std::string& path) {
   const platform::GivenName name(dialog_, fullPath(path));
   const store::OpenResult result = lap.setupFiles().MFSetNyit_Click();
   const std::string remark = shell::openingText(result);
-  if (!remark.empty()) std::cerr << remark << '\n';
+  if (!remark.empty()) std::cerr << path << ": " << remark << '\n';
   return result.failure == Failure::None ? done : fileError;
 }
 
@@ -79,6 +80,13 @@ shell::OpenedFirmware Session::openFirmware(const std::string& path) {
 Failure Session::saveFirmware(const std::string& path) {
   const platform::GivenName name(dialog_, fullPath(path));
   return lap.saveFirmware();
+}
+
+std::string printable(std::string text) {
+  constexpr char del = 0x7F;
+  const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == del; };
+  std::ranges::replace_if(text, isControl, '?');
+  return text;
 }
 
 std::string boxLines(const std::string& text) {

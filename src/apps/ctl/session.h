@@ -91,6 +91,9 @@ class Session {
   shell::Lap lap;
 };
 
+/// A text for the terminal: "?" in the place of each control character.
+std::string printable(std::string text);
+
 /// A box's text with line feeds only.
 std::string boxLines(const std::string& text);
 

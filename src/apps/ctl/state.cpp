@@ -60,7 +60,7 @@ Json stateOf(const Session& session) {
 
 std::string plain(const Json& value) {
   if (value.is_boolean()) return value.get<bool>() ? "igen" : "nem";
-  return value.is_string() ? value.get<std::string>() : value.dump();
+  return value.is_string() ? printable(value.get<std::string>()) : value.dump();
 }
 
 void print(const Json& state) {
@@ -79,7 +79,7 @@ void print(const Json& state) {
     }
   }
   for (const auto& box : state["boxes"]) {
-    std::cout << "\nÜzenet (" << box["style"] << "):\n" << boxLines(plain(box["text"])) << '\n';
+    std::cout << "\nÜzenet (" << box["style"] << "):\n" << boxLines(box["text"]) << '\n';
   }
 }
 
