@@ -109,34 +109,35 @@ class Checker {
   }
 
   /// Looks for the block where its reader does: in the fields of a line. Gives whether there is
-  /// something of it, with the reason if nothing worse was found.
+  /// something of it; what is wrong with that is the reason if there was none yet.
   bool takeFields(std::string_view line, std::string& reason) {
     bool ofBlock = false;
     for (std::size_t at = 0; at <= line.size();) {
       const std::size_t end = std::min(line.find(',', at), line.size());
       std::string_view field = line.substr(at, end - at);
       field.remove_prefix(std::min(field.find_first_not_of(' '), field.size()));
+      ofBlock = takeField(field, reason) || ofBlock;
       at = end + 1;
-      const std::string fieldReason = takeField(field, ofBlock);
-      if (reason.empty()) reason = fieldReason;
     }
     return ofBlock;
   }
 
-  std::string takeField(std::string_view field, bool& ofBlock) {
+  bool takeField(std::string_view field, std::string& reason) {
     const bool versions = !versionSeen_ && hasAddress(field, blockAddresses[versionRecord]);
     versionSeen_ = versionSeen_ || versions;
-    std::string reason;
+    std::string found;
     if (next_ == 0 ? hasAddress(field, blockAddresses[0]) : next_ < blockRecords) {
-      ofBlock = true;
-      reason = blockFault(field);
+      found = blockFault(field);
       ++next_;
     } else if (versions) {
-      ofBlock = true;
-      reason = "innen olvassa a program a verziót, pedig ez nem a paraméterblokk rekordja";
+      found = "innen olvassa a program a verziót, pedig ez nem a paraméterblokk rekordja";
+    } else {
+      return false;
     }
-    if (!reason.empty()) blockIsSound_ = false;
-    return reason;
+    if (found.empty()) return true;
+    blockIsSound_ = false;
+    if (reason.empty()) reason = found;
+    return true;
   }
 
   /// What is wrong with a field as the block's next record, its checksum apart.
