@@ -37,42 +37,42 @@ inline constexpr int versionRecord = 2;
 
 /// Lines of an image up to this length in bytes are read, whatever they hold. A page saved under
 /// an image's name can be one long line.
-inline constexpr std::size_t longestImageLine = 16 * 1024 * 1024;
+inline constexpr std::size_t longestImageLine = 16U << 20U;
 
-/// The block's bytes, eight to a record. Reader and patcher both go by this table: what is patched
+/// The block's bytes, by record and word. Reader and patcher both go by this table: what is patched
 /// is the Setup, and everything else stays as it is in the source.
-inline constexpr std::array<BlockByte, blockRecords * wordsPerRecord> parameterBlock{{
-    {Holds::LimitSwitches},
-    {Holds::TimingField, timing::T1X},
-    {Holds::TimingField, timing::TFX},
-    {Holds::TimingField, timing::T2X},
-    {Holds::TimingField, timing::T3X},
-    {Holds::TimingField, timing::T1Y},
-    {Holds::TimingField, timing::TFY},
-    {Holds::TimingField, timing::T2Y},
+inline constexpr std::array<std::array<BlockByte, wordsPerRecord>, blockRecords> parameterBlock{{
+    {{{Holds::LimitSwitches},
+      {Holds::TimingField, timing::T1X},
+      {Holds::TimingField, timing::TFX},
+      {Holds::TimingField, timing::T2X},
+      {Holds::TimingField, timing::T3X},
+      {Holds::TimingField, timing::T1Y},
+      {Holds::TimingField, timing::TFY},
+      {Holds::TimingField, timing::T2Y}}},
 
-    {Holds::TimingField, timing::T3Y},
-    {Holds::TimingField, timing::T1Z},
-    {Holds::TimingField, timing::TFZ},
-    {Holds::TimingField, timing::T2Z},
-    {Holds::TimingField, timing::T3Z},
-    {Holds::Mode},
-    {Holds::PathHigh},
-    {Holds::PathLow},
+    {{{Holds::TimingField, timing::T3Y},
+      {Holds::TimingField, timing::T1Z},
+      {Holds::TimingField, timing::TFZ},
+      {Holds::TimingField, timing::T2Z},
+      {Holds::TimingField, timing::T3Z},
+      {Holds::Mode},
+      {Holds::PathHigh},
+      {Holds::PathLow}}},
 
-    {Holds::Tolerance},
-    {Holds::Unknown},
-    {Holds::VersionDigit, 0},
-    {Holds::Unknown},
-    {Holds::VersionDigit, 1},
-    {Holds::Unknown},
-    {Holds::VersionDigit, 2},
-    {Holds::Unknown},
+    {{{Holds::Tolerance},
+      {Holds::Unknown},
+      {Holds::VersionDigit, 0},
+      {Holds::Unknown},
+      {Holds::VersionDigit, 1},
+      {Holds::Unknown},
+      {Holds::VersionDigit, 2},
+      {Holds::Unknown}}},
 }};
 
 /// The entry of a record's word, both counted from 0.
 constexpr const BlockByte& blockByte(int record, int word) {
-  return parameterBlock[static_cast<std::size_t>(record * wordsPerRecord + word)];
+  return parameterBlock[static_cast<std::size_t>(record)][static_cast<std::size_t>(word)];
 }
 
 /// The two upper-case hex digits of a whole number from 0 to 255.
@@ -83,10 +83,10 @@ inline int hexDigit(char c) {
   static constexpr auto values = [] {
     std::array<std::int8_t, 256> table{};
     table.fill(-1);
-    for (int i = 0; i < 10; ++i) table[static_cast<std::size_t>('0' + i)] = std::int8_t(i);
-    for (int i = 10; i < 16; ++i) {
-      table[static_cast<std::size_t>('A' + i - 10)] = std::int8_t(i);
-      table[static_cast<std::size_t>('a' + i - 10)] = std::int8_t(i);
+    for (std::size_t value = 0; value < 16; ++value) {
+      for (const std::string_view digits : {"0123456789ABCDEF", "0123456789abcdef"}) {
+        table[static_cast<unsigned char>(digits[value])] = static_cast<std::int8_t>(value);
+      }
     }
     return table;
   }();
