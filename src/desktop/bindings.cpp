@@ -129,7 +129,6 @@ void bind(QLineEdit* widget, controls::TextBox& control) {
 }
 
 void bind(QPlainTextEdit* widget, controls::TextBox& control) {
-  widget->setAcceptDrops(false);
   widget->setReadOnly(true);
   mirror(control.Text, [widget, &control] { widget->setPlainText(linesToQt(control.Text.get())); });
   mirrorEnabled(widget, control.Enabled);

@@ -122,8 +122,10 @@ void MainWindow::dropEvent(QDropEvent* event) {
   event->setDropAction(Qt::CopyAction);
   event->accept();
   // Whoever dragged the file waits for the end of this event, which a box must not hold up.
-  QMetaObject::invokeMethod(
-      this, [this, path] { lap_.openDropped(path); }, Qt::QueuedConnection);
+  const auto open = [this, path] {
+    if (QApplication::activeModalWidget() == nullptr) lap_.openDropped(path);
+  };
+  QMetaObject::invokeMethod(this, open, Qt::QueuedConnection);
 }
 
 }  // namespace monitra::desktop

@@ -173,7 +173,7 @@ TEST_F(Firmware, ReadingDecidesByTheVersionDigitAndTheLimitByte) {
 TEST_F(Firmware, ValuesOutsideTheirRangeTakeTheNearestLimit) {
   lap.setup.FolLe[timing::T1X].Value = 1;
   lap.setup.T1[timing::T1X].Text = "1.4";
-  lap.setup.Ut.type("1.3");
+  for (const char* typed : {"1", "1.3"}) lap.setup.Ut.type(typed);
   Block b;
   b.line4200 = wordRecord(0x4200, {0, 0, 0, 255, 4, 5, 6, 7});
   b.line4210 = wordRecord(0x4210, {38, 39, 40, 41, 42, 0xFF, 0, 0});
@@ -398,7 +398,9 @@ TEST_F(Firmware, AnImageIsCheckedRecordByRecord) {
     bool sound = false;
   };
   for (const Case& k : std::vector<Case>{
-           {":020000040000FA\r\n\r\n" + lower(a + b + c) + end + "\n", {}, true},
+           {":020000040000FA\r\n\r\n" + lower(a + b + c) + ":020000040001F9\n" + c + end + "\n",
+            {},
+            true},
            {a + with(0, ";") + c + end, {"2 nem kettősponttal kezdődik, ezért nem rekord"}},
            {"x,  " + a + b + "  " + c + end,
             {"1 nem kettősponttal kezdődik, ezért nem rekord",
@@ -411,8 +413,10 @@ TEST_F(Firmware, AnImageIsCheckedRecordByRecord) {
             {"2 az ellenőrző összeg hibás: 00 helyett C1 a jó"},
             true},
            {a + with(7, "09") + c + end, {"2 az ellenőrző összeg hibás: C1 helyett B8 a jó"}},
-           {a + ":1042\n" + c + end, {"2 csonka rekord"}},
-           {a + ":104210000\n" + c + end, {"2 csonka rekord"}},
+           {a + ":00421000\n" + c + end, {"2 csonka rekord"}},
+           {a + block.line4210 + "0\n" + c + end, {"2 csonka rekord"}},
+           {a + block.line4210 + "00\n" + c + end,
+            {"2 a rekord hossza hibás: 16 adatbájt helyett 17 van benne"}},
            {a + "\n" + c + end, {missing + ", 16 adatbájttal"}},
            {a + support::record(0x4210, {1, 2}) + "\n" + c + end, {missing + ", 16 adatbájttal"}},
            {a + support::record(0x4210, {}, 1) + "\n" + c,
