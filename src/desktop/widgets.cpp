@@ -34,7 +34,7 @@ QLabel* framedLabel(std::string_view name, controls::Label& control) {
   label->setFrameShape(QFrame::StyledPanel);
   label->setFrameShadow(QFrame::Sunken);
   label->setAlignment(Qt::AlignCenter);
-  label->setContentsMargins(4, 0, 4, 0);
+  label->setContentsMargins(label->contentsMargins() + QMargins(4, 0, 4, 0));
   return label;
 }
 
