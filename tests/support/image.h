@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -41,6 +42,12 @@ struct Block {
 
   std::string text() const { return line4200 + "\n" + line4210 + "\n" + line4220 + "\n"; }
 };
+
+/// The same hex digits in lower case.
+inline std::string lower(std::string text) {
+  std::ranges::transform(text, text.begin(), [](char c) { return c >= 'A' ? c | 0x20 : c; });
+  return text;
+}
 
 inline const std::string closingRecord = ":00000001FF";
 
