@@ -31,7 +31,7 @@ std::string number(std::size_t value) {
 }
 
 std::string badCharacter(std::string_view line, std::size_t index) {
-  std::string reason = "a(z) " + number(index + 1) + ". karakter nem hexadecimális számjegy";
+  std::string reason = number(index + 1) + ". karakter nem hexadecimális számjegy";
   const bool printable = line[index] > ' ' && line[index] <= '~';
   return printable ? reason + ": " + line[index] : reason;
 }

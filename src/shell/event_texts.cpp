@@ -40,7 +40,7 @@ std::string firmwareText(const firmware::ReadResult& result, const firmware::Ima
   } else if (result.failure != Failure::None || report.failure != Failure::None) {
     text += unreadableText(report.failure != Failure::None ? report.failure : result.failure, name);
   } else {
-    text += "Beolvasva a(z) " + version + " firmware paraméterblokkja.";
+    text += "Beolvasva a " + version + " firmware paraméterblokkja.";
   }
   return text;
 }

@@ -223,11 +223,11 @@ TEST_F(Ctl, FirmwareShowGivesTheBlockAndNamesWhatIsWrongByLine) {
   const std::string bad = scratch.write("rossz.hex", image(block));
   for (const char* command : {"show", "verify"}) {
     expect(run({"firmware", command, bad}, 1),
-           bad + ", 1058. sor: a(z) 13. karakter nem hexadecimális számjegy: x\n");
+           bad + ", 1058. sor: 13. karakter nem hexadecimális számjegy: x\n");
   }
   expect(run({"firmware", "show", bad}, 1), "Error in File funktions ! Error Code: 13");
   expect(run({"firmware", "verify", scratch.path("fw.hex")}, 0),
-         "2049 rekord, hibátlan; paraméterblokk a(z) 1057. sortól.");
+         "2049 rekord, hibátlan; paraméterblokk: 1057. sortól.");
   expect(run({"firmware", "verify", scratch.path("nincs.hex")}, 1), "nincs ilyen fájl");
   expect(run({"firmware", "show", scratch.path("nincs.hex")}, 1), "nem található !");
 }

@@ -47,7 +47,7 @@ TEST(ImageCheck, TellsOfEachRecordWhatIsWrong) {
             {"1 nem kettősponttal kezdődik, ezért nem rekord",
              "3 nem kettősponttal kezdődik, ezért nem rekord"},
             true},
-           {a + with(14, "O") + c + end, {"2 a(z) 15. karakter nem hexadecimális számjegy: O"}},
+           {a + with(14, "O") + c + end, {"2 15. karakter nem hexadecimális számjegy: O"}},
            {a + with(1, "0F") + c + end,
             {"2 a rekord hossza hibás: 15 adatbájt helyett 16 van benne"}},
            {a + with(41, "00") + c + end,

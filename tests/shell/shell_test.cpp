@@ -147,7 +147,7 @@ TEST_F(Shell, ADroppedFileAnswersTheDialogOnce) {
   lap.openDropped(image);
   EXPECT_EQ(journal, Journal{});
   EXPECT_EQ(lap.form.Caption.get(), "Vilor CNC Monitra V2.2.0   (fw.Hex)");
-  EXPECT_EQ(lap.Esemeny.Caption.get(), "Beolvasva a(z) V5.0.3 firmware paraméterblokkja.");
+  EXPECT_EQ(lap.Esemeny.Caption.get(), "Beolvasva a V5.0.3 firmware paraméterblokkja.");
   EXPECT_EQ(lap.kozos.Modositott, 0);
   lap.openDropped(bad);
   EXPECT_EQ(lap.Esemeny.Caption.get(),

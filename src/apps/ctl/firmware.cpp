@@ -142,7 +142,7 @@ ExitCode firmwareVerify(const std::string& file) {
   if (image.failure != Failure::None) return fileError;
   std::cout << file << ": " << image.records << " rekord, "
             << (image.faultCount == 0 ? "hibátlan" : std::to_string(image.faultCount) + " hiba");
-  if (image.blockLine > 0) std::cout << "; paraméterblokk a(z) " << image.blockLine << ". sortól";
+  if (image.blockLine > 0) std::cout << "; paraméterblokk: " << image.blockLine << ". sortól";
   std::cout << ".\n";
   return image.faultCount == 0 ? done : fileError;
 }
