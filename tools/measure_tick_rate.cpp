@@ -22,7 +22,8 @@ int main(int argc, char** argv) {
   ports::Recorder recorder(simulated, fakes.registers);
   const shell::Outside& outside = fakes.outside;
   shell::Lap lap({recorder, recorder, outside.box, outside.Fileablak, outside.files,
-                  outside.codePage, outside.settings, outside.program, [] {}, [] {}});
+                  outside.codePage, outside.settings, outside.program, outside.portInUse, [] {},
+                  [] {}});
   lap.Form_Load();
   desktop::MainWindow window(lap);
   window.showCentred();

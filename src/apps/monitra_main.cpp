@@ -3,13 +3,12 @@
 
 int main(int argc, char** argv) {
   monitra::ports::RegisterMemory noPort;
-  const auto tellThatNothingWentOut = [](monitra::shell::Lap& lap) {
-    lap.upload().sent.handle(
-        [&lap] { lap.Esemeny.Caption = "Nem ment ki semmi, mert nincs elérhető nyomtatóport."; });
-  };
   return monitra::apps::run(argc, argv,
-                            {"Monitra Setup", ":/pictures/monitra.svg",
+                            {"Monitra Setup",
+                             ":/pictures/monitra.svg",
                              "Nincs elérhető nyomtatóport, a program semmit sem küld ki; próbához "
                              "a Monitra Szimulátor való.",
-                             noPort, tellThatNothingWentOut});
+                             noPort,
+                             false,
+                             {}});
 }

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "desktop/accessibility.h"
 #include "desktop/end_watch.h"
 #include "desktop/main_window.h"
 #include "desktop/qt_file_dialog.h"
@@ -45,6 +46,7 @@ int run(int argc, char** argv, const WindowProgram& program) {
     QApplication::installTranslator(&hungarian);
   }
 
+  desktop::installAccessibility();
   const platform::ProgramIdentity identity = host::programIdentity(program.title);
   host::Pacer pacer;
   host::HostFiles files;
@@ -53,7 +55,8 @@ int run(int argc, char** argv, const WindowProgram& program) {
   desktop::QtMessageBox box(QString::fromUtf8(program.title));
   desktop::QtFileDialog dialog;
   shell::Lap lap({program.registers, pacer, box, dialog, files, codePage, settings, identity,
-                  [] { QApplication::beep(); }, [] { std::_Exit(EXIT_SUCCESS); }});
+                  [&program] { return program.portInUse; }, [] { QApplication::beep(); },
+                  [] { std::_Exit(EXIT_SUCCESS); }});
   lap.Form_Load();
   lap.PortAllapot.Caption = program.portStatus;
   if (settings.isDamaged(identity.EXEName)) lap.Esemeny.Caption = shell::damagedPreferencesText();

@@ -13,6 +13,7 @@ struct WindowProgram {
   const char* icon;        ///< of the window and the task bar
   const char* portStatus;  ///< what the footer and standard output say of the port
   platform::PortRegisters& registers;
+  bool portInUse;  ///< whether the registers are those of a port, simulated or not
   /// Called with the started Lap once the window shows; may be empty.
   std::function<void(shell::Lap&)> started;
 };

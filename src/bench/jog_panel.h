@@ -9,12 +9,6 @@ namespace monitra::bench {
 
 /// The controls of the pulse generator, with the values of the window description.
 struct JogPanel {
-  JogPanel() {
-    Invert[0].Caption = "X invertálása";
-    Invert[1].Caption = "Y invertálása";
-    Invert[2].Caption = "Z invertálása";
-  }
-
   /// Lets every held jog button come up.
   void releaseAll() {
     for (int i = Mozg.first; i < Mozg.end; ++i) Mozg[i].release();

@@ -12,11 +12,10 @@ struct LoadPanel {
   controls::PushButton TapStop;
   controls::TextBox Taptext{"0%", true};
   controls::LedMeter LEDsav;
-  controls::CheckBox TulH{"Túlterhelés engedély 150%-ig!"};
-  controls::CheckBox Teh200{"Túlterhelés engedély 200%-ig!"};
+  controls::CheckBox TulH;
+  controls::CheckBox Teh200;
   controls::Frame Figy{false};
-  controls::Label Figy2{"Tápegység és huzalozás károsodási veszély! Fokozott figyelmet igényel!",
-                        false};
+  controls::Label Figy2{false};
 };
 
 }  // namespace monitra::bench

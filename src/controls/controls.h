@@ -48,8 +48,7 @@ struct Form {
 };
 
 struct Label {
-  explicit Label(std::string caption = {}, bool enabled = true)
-      : Caption(std::move(caption)), Enabled(enabled) {}
+  explicit Label(bool enabled = true) : Enabled(enabled) {}
 
   Property<std::string> Caption;
   Property<Colour> BackColor{colour::buttonFace};
@@ -110,8 +109,6 @@ struct SpinButton {
 };
 
 struct CheckBox {
-  explicit CheckBox(std::string caption = {}) : Caption(std::move(caption)) {}
-
   void click() {
     if (Enabled) Checked = !Checked;
   }

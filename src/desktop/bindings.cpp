@@ -18,6 +18,7 @@
 #include <QTabWidget>
 
 #include "desktop/jog_button.h"
+#include "desktop/led_bar.h"
 #include "desktop/spin_arrows.h"
 #include "desktop/text.h"
 
@@ -135,6 +136,8 @@ void bind(QPlainTextEdit* widget, controls::TextBox& control) {
 }
 
 void bind(SpinArrows* widget, controls::SpinButton& control) {
+  widget->setRange(control.Value.min(), control.Value.max());
+  mirror(control.Value, [widget, &control] { widget->setValue(control.Value); });
   mirrorEnabled(widget, control.Enabled);
   QObject::connect(widget, &SpinArrows::upPressed, widget, [&control] { control.pressUp(); });
   QObject::connect(widget, &SpinArrows::downPressed, widget, [&control] { control.pressDown(); });
@@ -177,8 +180,12 @@ void bind(QRadioButton* widget, controls::OptionButton& control) {
 }
 
 void bind(JogButton* widget, controls::HoldButton& control) {
-  control.Held.observe([widget] { widget->update(); });
+  widget->serve(control);
   mirrorEnabled(widget, control.Enabled);
+}
+
+void bind(LedBar* widget, controls::LedMeter& control) {
+  widget->follow(control);
 }
 
 void bind(QComboBox* widget, controls::PickList& control) {

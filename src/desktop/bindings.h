@@ -19,6 +19,7 @@ class QWidget;
 namespace monitra::desktop {
 
 class JogButton;
+class LedBar;
 class SpinArrows;
 
 /// Each binds a widget to a control: the widget shows the control's present state at once and
@@ -38,6 +39,7 @@ void bind(QRadioButton* widget, controls::OptionButton& control);
 void bind(JogButton* widget, controls::HoldButton& control);
 void bind(QComboBox* widget, controls::PickList& control);
 void bind(QListWidget* widget, controls::PickList& control);
+void bind(LedBar* widget, controls::LedMeter& control);
 void bind(QProgressBar* widget, controls::ProgressBar& control);
 void bind(QTabWidget* widget, controls::TabStrip& control);
 void bind(QAction* action, controls::MenuEntry& control);

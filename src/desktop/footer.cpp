@@ -1,77 +1,72 @@
 #include "desktop/footer.h"
 
-#include <QPainter>
-#include <QStyle>
-#include <QTextDocument>
+#include <QLabel>
 #include <QVBoxLayout>
 
-#include "desktop/bindings.h"
 #include "desktop/text.h"
 #include "desktop/widgets.h"
-#include "desktop/words.h"
 
 namespace monitra::desktop {
 
-StatusLine::StatusLine(std::string_view name, controls::Label& control, QWidget* parent)
-    : QLabel(parent) {
-  setObjectName(toQt(name));
-  bind(this, control);
-  const auto show = [this, &control] {
-    setToolTip(Qt::convertFromPlainText(toQt(control.Caption.get())));
+namespace {
+
+/// A label for a mark of the Setup, which shows only while there is one.
+QLabel* markLabel(const WidgetMaker& widgets, std::string_view name,
+                  std::string (shell::SetupMarks::*text)() const) {
+  auto* const label = widgets.make<QLabel>(name);
+  const QString spoken = label->accessibleName();
+  shell::SetupMarks& marks = widgets.lap().marks;
+  const auto show = [label, spoken, &marks, text] {
+    const QString mark = toQt((marks.*text)());
+    if (label->text() == mark) return;
+    label->setText(mark);
+    label->setAccessibleName(mark.isEmpty() ? spoken : spoken + QStringLiteral(": ") + mark);
   };
   show();
-  control.Caption.observe(show);
+  marks.observe(show);
+  setTextColour(label, QColor(0x8A, 0x4B, 0x00), QColor(0xFF, 0xB7, 0x4D));
+  return label;
 }
 
-QSize StatusLine::minimumSizeHint() const {
-  return {0, fontMetrics().height()};
-}
+}  // namespace
 
-QSize StatusLine::sizeHint() const {
-  return minimumSizeHint();
-}
-
-void StatusLine::paintEvent(QPaintEvent* /*event*/) {
-  QPainter painter(this);
-  const QString fitting = fontMetrics().elidedText(text(), Qt::ElideRight, width());
-  style()->drawItemText(&painter, rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(),
-                        fitting, foregroundRole());
-}
-
-Footer::Footer(controls::Label& PortAllapot, controls::Label& Esemeny, QWidget* parent)
-    : QWidget(parent) {
-  constexpr double namePoints = 15.75;
-  constexpr double makerPoints = 8.25;
-  auto* rows = new QVBoxLayout(this);
+Footer::Footer(const WidgetMaker& widgets) {
+  auto* const rows = new QVBoxLayout(this);
   rows->setContentsMargins(9, 0, 9, 4);
   rows->setSpacing(2);
+  rows->addLayout(names(widgets));
+  rows->addLayout(status(widgets));
+  rows->addWidget(widgets.make("Esemeny"));
+}
 
-  auto* names = flatRow();
-  QLabel* const program = wordedLabel("Label21");
-  QFont programFont(QStringLiteral("Times New Roman"));
-  programFont.setPointSizeF(namePoints);
-  programFont.setItalic(true);
-  program->setFont(programFont);
+QHBoxLayout* Footer::names(const WidgetMaker& widgets) {
+  constexpr double namePoints = 15.75;
+  constexpr double makerPoints = 8.25;
+  QHBoxLayout* const row = flatRow();
+  QLabel* const program =
+      inFont(widgets.make<QLabel>("Label21"), "Times New Roman", namePoints, true);
   program->setAlignment(Qt::AlignCenter);
-  setTextColour(program, QColor(0x00, 0xC0, 0x00));
-  names->addWidget(program, 1);
-  auto* maker = new QVBoxLayout;
+  setTextColour(program, QColor(0x00, 0xC0, 0x00), QColor(0x00, 0xC0, 0x00));
+  row->addWidget(program, 1);
+  auto* const maker = new QVBoxLayout;
   maker->setSpacing(0);
   for (const char* const name : {"Label13", "Label14"}) {
-    QLabel* const address = wordedLabel(name);
-    QFont font(QStringLiteral("Arial"));
-    font.setPointSizeF(makerPoints);
-    font.setBold(true);
-    address->setFont(font);
-    setTextColour(address, QColor(0xE0, 0x20, 0x20));
+    QLabel* const address = bold(inFont(widgets.make<QLabel>(name), "Arial", makerPoints));
+    setTextColour(address, QColor(0xD0, 0x10, 0x10), QColor(0xFF, 0x60, 0x60));
     maker->addWidget(address);
   }
-  names->addLayout(maker);
-  rows->addLayout(names);
-  auto* port = new StatusLine("PortAllapot", PortAllapot);
-  makeBold(port);
-  rows->addWidget(port);
-  rows->addWidget(new StatusLine("Esemeny", Esemeny));
+  row->addLayout(maker);
+  return row;
+}
+
+QHBoxLayout* Footer::status(const WidgetMaker& widgets) {
+  constexpr int gap = 16;
+  QHBoxLayout* const row = flatRow();
+  row->setSpacing(gap);
+  row->addWidget(bold(widgets.make<QLabel>("PortAllapot")), 1);
+  row->addWidget(markLabel(widgets, "MentesJel", &shell::SetupMarks::savedMark));
+  row->addWidget(markLabel(widgets, "KuldesJel", &shell::SetupMarks::sentMark));
+  return row;
 }
 
 }  // namespace monitra::desktop

@@ -1,30 +1,22 @@
 #pragma once
 
-#include <QLabel>
 #include <QWidget>
 
-#include "controls/controls.h"
+#include "desktop/widget_maker.h"
+
+class QHBoxLayout;
 
 namespace monitra::desktop {
 
-/// A line of text that never asks for more width than it gets: what doesn't fit is cut with an
-/// ellipsis, and the tooltip shows the whole.
-class StatusLine : public QLabel {
- public:
-  StatusLine(std::string_view name, controls::Label& control, QWidget* parent = nullptr);
-
-  QSize minimumSizeHint() const override;
-  QSize sizeHint() const override;
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
-};
-
-/// The strip below the tabs: the program's name, the maker, and the status lines.
-/// The controls must live as long as the widget.
+/// The strip below the tabs: the program's name, the maker, the status of the port with the marks
+/// of the Setup, and what the last operation came to.
 class Footer : public QWidget {
  public:
-  Footer(controls::Label& PortAllapot, controls::Label& Esemeny, QWidget* parent = nullptr);
+  explicit Footer(const WidgetMaker& widgets);
+
+ private:
+  QHBoxLayout* names(const WidgetMaker& widgets);
+  QHBoxLayout* status(const WidgetMaker& widgets);
 };
 
 }  // namespace monitra::desktop

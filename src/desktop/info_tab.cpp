@@ -1,35 +1,50 @@
 #include "desktop/info_tab.h"
 
-#include <QHBoxLayout>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QVBoxLayout>
 
+#include "desktop/picture.h"
 #include "desktop/widgets.h"
 
 namespace monitra::desktop {
 
-InfoTab::InfoTab(controls::TextBox& InfoT, QWidget* parent) : QWidget(parent) {
-  constexpr double headPoints = 18;
-  auto* column = new QVBoxLayout(this);
-  auto* heads = flatRow();
-  heads->addStretch();
-  for (const char* const name : {"Label29(0)", "Label29(1)"}) {
-    QLabel* const head = wordedLabel(name);
-    QFont font(QStringLiteral("Times New Roman"));
-    font.setPointSizeF(headPoints);
-    head->setFont(font);
-    heads->addWidget(head);
-    heads->addStretch();
-  }
-  column->addLayout(heads);
+namespace {
 
-  auto* text = bound<QPlainTextEdit>("InfoT", InfoT);
+QPlainTextEdit* infoText(const WidgetMaker& widgets) {
+  constexpr double points = 8.25;
+  auto* const text = widgets.make<QPlainTextEdit>("InfoT");
+  QFont font(QStringLiteral("Arial"));
+  font.setPointSizeF(points);
+  text->setFont(font);
   text->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-  QPalette colours = text->palette();
-  colours.setColor(QPalette::Base, colours.color(QPalette::ToolTipBase));
-  colours.setColor(QPalette::Text, colours.color(QPalette::ToolTipText));
-  text->setPalette(colours);
-  column->addWidget(text);
+  text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  text->setTabChangesFocus(true);
+  followTheme(text, [](QPalette& colours) {
+    const QPalette theme = QGuiApplication::palette();
+    colours.setColor(QPalette::Base, theme.color(QPalette::ToolTipBase));
+    colours.setColor(QPalette::Text, theme.color(QPalette::ToolTipText));
+  });
+  return text;
+}
+
+}  // namespace
+
+InfoTab::InfoTab(const WidgetMaker& widgets) {
+  constexpr double headPoints = 18;
+  const auto head = [&widgets](int index) {
+    return inFont(widgets.make<QLabel>("Label29", index), "Times New Roman", headPoints);
+  };
+  auto* const column = new QVBoxLayout(this);
+  QHBoxLayout* const heads = flatRow();
+  heads->addWidget(head(0), 1, Qt::AlignCenter);
+  auto* const board = widgets.make<Picture>("Picture2", 1);
+  board->show(QStringLiteral(":/pictures/board.svg"), boardPicture);
+  heads->addWidget(board);
+  heads->addWidget(head(1), 1, Qt::AlignCenter);
+  column->addLayout(heads);
+  column->addWidget(infoText(widgets));
 }
 
 }  // namespace monitra::desktop

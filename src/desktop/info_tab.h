@@ -2,14 +2,14 @@
 
 #include <QWidget>
 
-#include "controls/controls.h"
+#include "desktop/widget_maker.h"
 
 namespace monitra::desktop {
 
-/// The tab "Infó". The text's control must live as long as the widget.
+/// The tab "Infó".
 class InfoTab : public QWidget {
  public:
-  explicit InfoTab(controls::TextBox& InfoT, QWidget* parent = nullptr);
+  explicit InfoTab(const WidgetMaker& widgets);
 };
 
 }  // namespace monitra::desktop

@@ -1,7 +1,6 @@
 #include "desktop/jog_area.h"
 
 #include "desktop/jog_button.h"
-#include "desktop/words.h"
 
 namespace monitra::desktop {
 
@@ -11,30 +10,26 @@ namespace {
 constexpr QRect area{540, 2760, 6600, 1860};
 constexpr int side = 510;
 
-/// Middle of a button in the same twips.
+/// Middle of a button of Mozg in the same twips.
 struct Place {
-  const char* name;
   int x, y;
   Qt::ArrowType arrow;
 };
 
 constexpr Place places[] = {
-    {"Mozg(0)", 3600, 3135, Qt::UpArrow},   {"Mozg(1)", 3600, 4215, Qt::DownArrow},
-    {"Mozg(2)", 3060, 3675, Qt::LeftArrow}, {"Mozg(3)", 4140, 3675, Qt::RightArrow},
-    {"Mozg(4)", 5580, 3405, Qt::UpArrow},   {"Mozg(5)", 5580, 3945, Qt::DownArrow},
+    {3600, 3135, Qt::UpArrow},    {3600, 4215, Qt::DownArrow}, {3060, 3675, Qt::LeftArrow},
+    {4140, 3675, Qt::RightArrow}, {5580, 3405, Qt::UpArrow},   {5580, 3945, Qt::DownArrow},
 };
 
 }  // namespace
 
-JogArea::JogArea(bench::JogPanel& panel, double scale, QWidget* parent)
-    : LineDrawing(
-          {area, shell::axisLines(), shell::axisLetters()}, scale,
-          [](std::string_view) { return nullptr; }, parent) {
+JogArea::JogArea(const WidgetMaker& widgets, double scale)
+    : LineDrawing(widgets, {area, shell::axisLines(), shell::axisLetters()}, scale) {
   int i = 0;
   for (const Place& at : places) {
-    auto* const button = new JogButton(at.arrow, qRound(side * scale), panel.Mozg[i++]);
+    auto* const button = widgets.make<JogButton>("Mozg", i++);
+    button->setArrow(at.arrow, qRound(side * scale));
     button->setParent(this);
-    describe(button, at.name);
     button->move(place(at.x - side / 2, at.y - side / 2));
   }
 }

@@ -2,12 +2,13 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <QWindow>
 
-#include "desktop/bindings.h"
+#include "desktop/widgets.h"
 
 namespace monitra::desktop {
 
@@ -55,37 +56,62 @@ bool interrupts(const QEvent& event) {
 
 }  // namespace
 
-JogButton::JogButton(Qt::ArrowType arrow, int side, controls::HoldButton& control)
-    : arrow_(arrow), control_(control) {
-  setFixedSize(side, side);
+JogButton::JogButton(QWidget* parent) : QWidget(parent) {
   setMouseTracking(true);
   setAttribute(Qt::WA_Hover);
-  setFocusPolicy(Qt::ClickFocus);
-  bind(this, control);
+  setFocusPolicy(Qt::StrongFocus);
   // The pointer's place is asked for only because the answer has to be waited for.
   signOfLife_.setInterval(signOfLifeMilliseconds);
   connect(&signOfLife_, &QTimer::timeout, this, [] { QCursor::pos(); });
-  control_.Held.observe([this] { control_.Held ? signOfLife_.start() : signOfLife_.stop(); });
-  connect(qApp, &QGuiApplication::focusWindowChanged, this, [this] { control_.release(); });
+  keyHold_.setSingleShot(true);
+  keyHold_.setInterval(keyMilliseconds);
+  connect(&keyHold_, &QTimer::timeout, this, [this] { release(); });
+  connect(qApp, &QGuiApplication::focusWindowChanged, this, [this] { release(); });
+}
+
+void JogButton::setArrow(Qt::ArrowType arrow, int side) {
+  arrow_ = arrow;
+  setFixedSize(side, side);
+}
+
+void JogButton::serve(controls::HoldButton& control) {
+  control_ = &control;
+  control.Held.observe([this] { showHeld(); });
+}
+
+void JogButton::showHeld() {
+  isHeld() ? signOfLife_.start() : signOfLife_.stop();
+  if (!isHeld()) keyHold_.stop();
+  update();
+}
+
+void JogButton::release() {
+  if (control_ != nullptr) control_->release();
+}
+
+void JogButton::nudge() {
+  if (!isHeld()) control_->press();
+  if (isHeld()) keyHold_.start();
 }
 
 bool JogButton::event(QEvent* event) {
   if (event->type() == QEvent::Show) window()->installEventFilter(this);
-  if (interrupts(*event)) control_.release();
+  if (interrupts(*event)) release();
   return QWidget::event(event);
 }
 
 bool JogButton::eventFilter(QObject* /*watched*/, QEvent* event) {
-  if (interrupts(*event)) control_.release();
+  if (interrupts(*event)) release();
   return false;
 }
 
 void JogButton::mousePressEvent(QMouseEvent* /*event*/) {
-  control_.press();
+  control_->press();
+  keyHold_.stop();
 }
 
 void JogButton::mouseReleaseEvent(QMouseEvent* /*event*/) {
-  control_.release();
+  release();
 }
 
 void JogButton::mouseMoveEvent(QMouseEvent* event) {
@@ -98,19 +124,29 @@ void JogButton::enterEvent(QEnterEvent* event) {
 
 void JogButton::checkMouse(Qt::MouseButtons buttons) {
   // The release has gone elsewhere.
-  if (buttons == Qt::NoButton) control_.release();
+  if (buttons == Qt::NoButton && !keyHold_.isActive()) release();
 }
 
 void JogButton::keyPressEvent(QKeyEvent* event) {
-  control_.release();
+  const bool heldByMouse = isHeld() && !keyHold_.isActive();
+  if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier && !heldByMouse) {
+    nudge();
+    return;
+  }
+  release();
   QWidget::keyPressEvent(event);
+}
+
+void JogButton::keyReleaseEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Space && !event->isAutoRepeat() && keyHold_.isActive()) release();
+  QWidget::keyReleaseEvent(event);
 }
 
 void JogButton::paintEvent(QPaintEvent* /*event*/) {
   QStylePainter painter(this);
   QStyleOptionButton option;
   option.initFrom(this);
-  option.state |= control_.Held ? QStyle::State_Sunken : QStyle::State_Raised;
+  option.state |= isHeld() ? QStyle::State_Sunken : QStyle::State_Raised;
   painter.drawControl(QStyle::CE_PushButtonBevel, option);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
@@ -118,6 +154,10 @@ void JogButton::paintEvent(QPaintEvent* /*event*/) {
   painter.translate(rect().toRectF().center());
   painter.rotate(turn(arrow_));
   painter.drawPolygon(upArrow(width() * 0.5));
+  if (!hasFocus()) return;
+  painter.resetTransform();
+  constexpr int inset = 3;
+  drawFocus(painter, *this, rect().adjusted(inset, inset, -inset, -inset));
 }
 
 }  // namespace monitra::desktop

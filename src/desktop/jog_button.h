@@ -7,18 +7,33 @@
 
 namespace monitra::desktop {
 
-/// An arrow that acts while a button of the mouse holds it; dragging the mouse away doesn't let it
-/// go. It comes up as soon as nobody can be sure that it is still held: at the loss of the focus or
-/// of the mouse grab, at a dialog, at any key, and when its window is left, minimised, hidden or
-/// closed. Several of these come together, so that none of them is relied on alone.
+/// An arrow that acts while a button of the mouse or the space bar holds it; dragging the mouse
+/// away doesn't let it go. It comes up as soon as nobody can be sure that it is still held: at the
+/// loss of the focus or of the mouse grab, at a dialog, at any key, and when its window is left,
+/// minimised, hidden or closed. Several of these come together, so that none of them is relied on
+/// alone.
 ///
-/// A key doesn't hold it: a window manager can swallow the release of a key, and the motor would
-/// run on. And while it is held the display is asked for a sign of life: a display that hangs
-/// delivers no release, so the thread waits for it, and with the thread the pulses.
+/// A window manager can swallow the release of a key. So a press of the space bar holds it for a
+/// moment only, and from then on each repetition of the key does: one step, a pause, then on and
+/// on, as the keyboard repeats. Any other key lets it go.
+///
+/// While it is held the display is asked for a sign of life: a display that hangs delivers no
+/// release, so the thread waits for it, and with the thread the pulses.
 class JogButton : public QWidget {
  public:
-  /// The side is in pixels. The control must outlive it, and not change after it.
-  JogButton(Qt::ArrowType arrow, int side, controls::HoldButton& control);
+  /// For so long one press of the space bar, or one repetition, holds it at most.
+  static constexpr int keyMilliseconds = 150;
+
+  explicit JogButton(QWidget* parent = nullptr);
+
+  /// The direction of its arrow, and the length of its side in pixels.
+  void setArrow(Qt::ArrowType arrow, int side);
+
+  /// The control must outlive it, and not change after it.
+  void serve(controls::HoldButton& control);
+
+  /// Holds it for as long as one press of the space bar does.
+  void nudge();
 
  protected:
   bool event(QEvent* event) override;
@@ -28,14 +43,19 @@ class JogButton : public QWidget {
   void mouseMoveEvent(QMouseEvent* event) override;
   void enterEvent(QEnterEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
   void checkMouse(Qt::MouseButtons buttons);
+  void release();
+  bool isHeld() const { return control_ != nullptr && control_->Held; }
+  void showHeld();
 
-  const Qt::ArrowType arrow_;
-  controls::HoldButton& control_;
+  Qt::ArrowType arrow_ = Qt::NoArrow;
+  controls::HoldButton* control_ = nullptr;
   QTimer signOfLife_;
+  QTimer keyHold_;  ///< runs while a key holds it
 };
 
 }  // namespace monitra::desktop

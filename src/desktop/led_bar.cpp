@@ -1,12 +1,12 @@
 #include "desktop/led_bar.h"
 
+#include <QAccessible>
 #include <QPainter>
 
 namespace monitra::desktop {
 
 namespace {
 
-constexpr int full = 100;
 constexpr int lights = 24;
 
 QColor lightColour(const controls::LedMeter& meter, double top) {
@@ -16,12 +16,20 @@ QColor lightColour(const controls::LedMeter& meter, double top) {
 
 }  // namespace
 
-LedBar::LedBar(controls::LedMeter& control, QWidget* parent) : QWidget(parent), control_(control) {
-  for (auto* property : {&control_.Level, &control_.Limit1, &control_.Limit2}) {
-    property->observe([this] { update(); });
-  }
+LedBar::LedBar(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
   setMinimumSize(26, lights * 5);
+}
+
+void LedBar::follow(controls::LedMeter& meter) {
+  meter_ = &meter;
+  for (auto* property : {&meter.Level, &meter.Limit1, &meter.Limit2}) {
+    property->observe([this] { update(); });
+  }
+  meter.Level.observe([this] {
+    QAccessibleValueChangeEvent changed(this, level());
+    QAccessible::updateAccessibility(&changed);
+  });
 }
 
 void LedBar::paintEvent(QPaintEvent* /*event*/) {
@@ -30,13 +38,14 @@ void LedBar::paintEvent(QPaintEvent* /*event*/) {
   constexpr int dark = 450;
   QPainter painter(this);
   painter.fillRect(rect(), Qt::black);
+  if (meter_ == nullptr) return;
   const double pitch = (height() - 2 * border) / lights;
   for (int n = 0; n < lights; ++n) {
     const double foot = static_cast<double>(full) * n / lights;
     const double top = static_cast<double>(full) * (n + 1) / lights;
     // A light is on from the middle of its stretch.
-    const bool on = control_.Level > (foot + top) / 2;
-    const QColor colour = lightColour(control_, top);
+    const bool on = level() > (foot + top) / 2;
+    const QColor colour = lightColour(*meter_, top);
     painter.fillRect(
         QRectF(border, height() - border - (n + 1) * pitch, width() - 2 * border, pitch - gap),
         on ? colour : colour.darker(dark));

@@ -10,14 +10,21 @@ namespace monitra::desktop {
 /// up to the first limit of the meter, yellow up to the second, red above.
 class LedBar : public QWidget {
  public:
+  static constexpr int full = 100;
+
+  explicit LedBar(QWidget* parent = nullptr);
+
   /// The control must outlive it, and not change after it.
-  explicit LedBar(controls::LedMeter& control, QWidget* parent = nullptr);
+  void follow(controls::LedMeter& meter);
+
+  /// From 0 to full.
+  int level() const { return meter_ != nullptr ? meter_->Level.get() : 0; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  controls::LedMeter& control_;
+  controls::LedMeter* meter_ = nullptr;
 };
 
 }  // namespace monitra::desktop

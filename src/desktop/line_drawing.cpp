@@ -4,29 +4,29 @@
 #include <QPainter>
 
 #include "desktop/widgets.h"
+#include "shell/window_controls.h"
 
 namespace monitra::desktop {
 
-LineDrawing::LineDrawing(const Content& content, double scale, const LineControl& controlOf,
-                         QWidget* parent)
-    : QWidget(parent), content_(content), scale_(scale), controlOf_(controlOf) {
-  setFixedSize(qRound(content_.area.width() * scale), qRound(content_.area.height() * scale));
-  for (const auto& line : content_.lines) {
-    if (controls::Line* const control = controlOf_(line.name)) {
-      control->Visible.observe([this] { update(); });
-    }
+LineDrawing::LineDrawing(const WidgetMaker& widgets, const Content& content, double scale)
+    : origin_(content.area.topLeft()), scale_(scale) {
+  setFixedSize(qRound(content.area.width() * scale), qRound(content.area.height() * scale));
+  for (const auto& line : content.lines) {
+    const shell::AnyControl control = shell::controlOf(widgets.lap(), line.name);
+    auto* const* const found = std::get_if<controls::Line*>(&control);
+    lines_.push_back({line, found != nullptr ? *found : nullptr});
+    if (found != nullptr) (*found)->Visible.observe([this] { update(); });
   }
-  for (const auto& words : content_.labels) {
-    QLabel* const label = wordedLabel(words.name, this);
-    makeBold(label);
-    label->setEnabled(words.enabled);
+  for (const auto& words : content.labels) {
+    QLabel* const label = bold(widgets.make<QLabel>(words.name, words.index));
+    label->setParent(this);
     label->adjustSize();
     label->move(place(words.x, words.y));
   }
 }
 
 QPoint LineDrawing::place(int x, int y) const {
-  return {qRound((x - content_.area.x()) * scale_), qRound((y - content_.area.y()) * scale_)};
+  return {qRound((x - origin_.x()) * scale_), qRound((y - origin_.y()) * scale_)};
 }
 
 void LineDrawing::paintEvent(QPaintEvent* /*event*/) {
@@ -34,8 +34,7 @@ void LineDrawing::paintEvent(QPaintEvent* /*event*/) {
   const QPen solid(palette().color(QPalette::WindowText), 1);
   const QPen marker(QColor(0xE0, 0x20, 0x20), 1, Qt::DotLine);
   const QPointF middleOfPixel(0.5, 0.5);
-  for (const auto& line : content_.lines) {
-    const controls::Line* const control = controlOf_(line.name);
+  for (const auto& [line, control] : lines_) {
     if (control != nullptr && !control->Visible) continue;
     painter.setPen(line.marker ? marker : solid);
     painter.setRenderHint(QPainter::Antialiasing, line.x1 != line.x2 && line.y1 != line.y2);

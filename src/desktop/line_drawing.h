@@ -2,11 +2,11 @@
 
 #include <QRect>
 #include <QWidget>
-#include <functional>
 #include <span>
-#include <string_view>
+#include <vector>
 
 #include "controls/controls.h"
+#include "desktop/widget_maker.h"
 #include "shell/window_description.h"
 
 namespace monitra::desktop {
@@ -14,18 +14,14 @@ namespace monitra::desktop {
 /// A drawing of straight lines with labels at them, of a fixed size.
 class LineDrawing : public QWidget {
  public:
-  /// Finds the control behind a line of the drawing, or null for a line that always shows.
-  using LineControl = std::function<controls::Line*(std::string_view name)>;
-
   struct Content {
     QRect area;  ///< of the tab's space, in twips
     std::span<const shell::DrawnLine> lines;
     std::span<const shell::DrawnLabel> labels;
   };
 
-  /// The scale is in pixels per twip. The controls must live as long as the widget.
-  LineDrawing(const Content& content, double scale, const LineControl& controlOf,
-              QWidget* parent = nullptr);
+  /// The scale is in pixels per twip. A line that has a control shows while that is visible.
+  LineDrawing(const WidgetMaker& widgets, const Content& content, double scale);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -34,9 +30,14 @@ class LineDrawing : public QWidget {
   QPoint place(int x, int y) const;
 
  private:
-  Content content_;
+  struct Line {
+    shell::DrawnLine drawn;
+    const controls::Line* control;  ///< null: it always shows
+  };
+
+  QPoint origin_;
   double scale_;
-  LineControl controlOf_;
+  std::vector<Line> lines_;
 };
 
 }  // namespace monitra::desktop

@@ -2,22 +2,24 @@
 
 #include <QWidget>
 
-#include "bench/load_panel.h"
-#include "bench/phase_panel.h"
+#include "desktop/widget_maker.h"
 
 namespace monitra::desktop {
 
-/// The tab "PC-Link". The panels must live as long as the widget.
+/// The tab "PC-Link".
 class LinkTab : public QWidget {
  public:
-  LinkTab(bench::PhasePanel& phases, bench::LoadPanel& load, QWidget* parent = nullptr);
+  explicit LinkTab(const WidgetMaker& widgets);
 
  private:
-  QWidget* phaseFrame(bench::PhasePanel& phases, int motor);
-  QWidget* loadFrame(bench::LoadPanel& load);
-  QLayout* loadDisplay(bench::LoadPanel& load);
-  QLayout* loadBar(bench::LoadPanel& load);
-  QWidget* warning(bench::LoadPanel& load);
+  QWidget* phaseFrame(int motor);
+  QWidget* loadFrame();
+  QLayout* loadDisplay();
+  QLayout* loadBar();
+  QWidget* permit(std::string_view name, QColor ground, QColor words);
+  QWidget* warning();
+
+  WidgetMaker widgets_;
 };
 
 }  // namespace monitra::desktop

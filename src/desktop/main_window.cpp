@@ -4,11 +4,15 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QLayout>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
+#include <QSignalBlocker>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <span>
+#include <variant>
 
 #include "desktop/bindings.h"
 #include "desktop/footer.h"
@@ -17,25 +21,25 @@
 #include "desktop/setup_tab.h"
 #include "desktop/test_tab.h"
 #include "desktop/text.h"
-#include "desktop/words.h"
+#include "desktop/widget_maker.h"
 #include "shell/file_kind.h"
+#include "shell/window_controls.h"
 #include "shell/window_description.h"
 
 namespace monitra::desktop {
 
 namespace {
 
-QMenu* addMenu(QMenu* parent, QMenuBar* bar, std::string_view name) {
-  QMenu* const menu =
-      parent != nullptr ? parent->addMenu(caption(name)) : bar->addMenu(caption(name));
-  menu->setObjectName(toQt(name));
-  return menu;
-}
-
-QAction* addEntry(QMenu* menu, std::string_view name) {
-  QAction* const action = menu->addAction(caption(name));
-  action->setObjectName(toQt(name));
-  return action;
+/// An action for a menu entry, shown and bound as its control in the model is.
+void addEntry(QMenu* menu, const shell::MenuDescription& entry, shell::Lap& lap) {
+  QAction* const action = menu->addAction(toQt(entry.caption));
+  action->setObjectName(toQt(entry.name));
+  const shell::AnyControl control = shell::controlOf(lap, entry.name);
+  controls::MenuEntry& bound = *std::get<controls::MenuEntry*>(control);
+  entry.mark == shell::MenuDescription::Mark::None ? bind(action, bound)
+                                                   : bindChecked(action, bound);
+  // A submenu that can't be opened has no entry that could be reached past it.
+  if (!menu->isEnabled()) action->setEnabled(false);
 }
 
 /// The path of a dragged file that the program opens; empty if it isn't exactly one. The file is
@@ -57,44 +61,53 @@ MainWindow::MainWindow(shell::Lap& lap) : lap_(lap) {
                  Qt::WindowCloseButtonHint);
   setAcceptDrops(true);
   addMenus();
+  const WidgetMaker widgets(lap_);
 
   auto* content = new QWidget;
   auto* rows = new QVBoxLayout(content);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(4);
-  rows->addWidget(addTabs(), 1);
-  rows->addWidget(new Footer(lap_.PortAllapot, lap_.Esemeny));
+  rows->addWidget(addTabs(widgets), 1);
+  rows->addWidget(new Footer(widgets));
   const double pixelsPerTwip = logicalDpiX() / 1440.0;
   content->setMinimumSize(qRound(shell::clientWidth * pixelsPerTwip),
                           qRound(shell::clientHeight * pixelsPerTwip));
   setCentralWidget(content);
+  joinBuddies(*this);
   layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
 
 void MainWindow::addMenus() {
-  QMenu* const file = addMenu(nullptr, menuBar(), "MF");
-  bind(addEntry(file, "MFSetNyit"), lap_.MFSetNyit);
-  bind(addEntry(file, "MFSetMent"), lap_.MFSetMent);
-  file->addSeparator();
-  bind(addEntry(file, "MFkilepes"), lap_.MFkilepes);
-
-  QMenu* const settings = addMenu(nullptr, menuBar(), "MB");
-  QMenu* const holding = addMenu(settings, nullptr, "MBT");
-  bindChecked(addEntry(holding, "MBTallando"), lap_.setup.MBTallando);
-  bindChecked(addEntry(holding, "MBTValtozo"), lap_.setup.MBTValtozo);
-  QMenu* const boards = addMenu(settings, nullptr, "Mkom");
-  bindChecked(addEntry(boards, "Mpcb32"), lap_.port.Mpcb32);
-  bindChecked(addEntry(boards, "Mpcb40"), lap_.port.Mpcb40);
+  const std::span<const shell::MenuDescription> tree = shell::menuTree();
+  QMenu* open[4] = {};
+  for (std::size_t i = 0; i < tree.size(); ++i) {
+    const shell::MenuDescription& entry = tree[i];
+    QMenu* const parent = open[entry.level - 1];
+    const bool submenu = i + 1 < tree.size() && tree[i + 1].level > entry.level;
+    if (entry.caption == "-") {
+      parent->addSeparator()->setObjectName(toQt(entry.name));
+    } else if (!submenu) {
+      addEntry(parent, entry, lap_);
+    } else {
+      QMenu* const menu = new QMenu(toQt(entry.caption), this);
+      menu->setObjectName(toQt(entry.name));
+      menu->setEnabled(entry.enabled);
+      parent != nullptr ? parent->addMenu(menu) : menuBar()->addMenu(menu);
+      menu->menuAction()->setEnabled(entry.enabled);
+      open[entry.level] = menu;
+    }
+  }
 }
 
-QTabWidget* MainWindow::addTabs() {
-  auto* tabs = new QTabWidget;
-  tabs->setObjectName(QStringLiteral("SSTab1"));
-  const auto captions = shell::tabCaptions();
-  QWidget* const pages[] = {new SetupTab(lap_.setup), new TestTab(lap_.jog, lap_.bits, lap_.port),
-                            new LinkTab(lap_.phases, lap_.load), new InfoTab(lap_.InfoT)};
-  for (std::size_t i = 0; i < captions.size(); ++i) tabs->addTab(pages[i], toQt(captions[i]));
-  bind(tabs, lap_.SSTab1);
+QTabWidget* MainWindow::addTabs(const WidgetMaker& widgets) {
+  auto* const tabs = widgets.make<QTabWidget>("SSTab1");
+  QWidget* const pages[] = {new SetupTab(widgets), new TestTab(widgets), new LinkTab(widgets),
+                            new InfoTab(widgets)};
+  const QSignalBlocker whileFilling(tabs);
+  int at = 0;
+  for (const shell::TabDescription& tab : shell::tabs()) {
+    tabs->addTab(pages[at++], withMnemonic(tab.caption, tab.mnemonic));
+  }
   return tabs;
 }
 

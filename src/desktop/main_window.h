@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 
+#include "desktop/widget_maker.h"
 #include "shell/lap.h"
 
 class QTabWidget;
@@ -24,7 +25,7 @@ class MainWindow : public QMainWindow {
 
  private:
   void addMenus();
-  QTabWidget* addTabs();
+  QTabWidget* addTabs(const WidgetMaker& widgets);
 
   shell::Lap& lap_;
 };

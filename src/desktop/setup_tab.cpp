@@ -1,28 +1,29 @@
 #include "desktop/setup_tab.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
-#include <QProgressBar>
 #include <QPushButton>
-#include <array>
 
 #include "desktop/line_drawing.h"
+#include "desktop/picture.h"
 #include "desktop/spin_arrows.h"
 #include "desktop/widgets.h"
+#include "timing/setup.h"
 
 namespace monitra::desktop {
 
 namespace {
 
+constexpr int axes = 3;
+constexpr int groups = timing::timingFields / axes;
 constexpr int columnTwips = 960;
 constexpr int firstColumnTwips = 600;
 constexpr int rowTwips = 600;
+constexpr int typedFigures = 6;
 
 /// Green figures on black, in every theme.
 void makeInstrument(QLineEdit* box) {
@@ -30,46 +31,32 @@ void makeInstrument(QLineEdit* box) {
   colours.setColor(QPalette::Base, Qt::black);
   colours.setColor(QPalette::Text, QColor(0x00, 0xF0, 0x40));
   box->setPalette(colours);
-  makeBold(box);
-}
-
-constexpr int spinFieldFigures = 6;
-constexpr int spinFieldGap = 10;
-
-/// A row that begins with a box that can be typed into and its arrows.
-QHBoxLayout* spinField(std::string_view boxName, controls::TextBox& text,
-                       std::string_view arrowsName, controls::SpinButton& spin) {
-  QHBoxLayout* const row = flatRow();
-  row->setSpacing(2);
-  QLineEdit* const box = numberBox(boxName, text, spinFieldFigures);
-  SpinArrows* const arrows = bound<SpinArrows>(arrowsName, spin);
-  arrows->serve(box);
-  row->addWidget(box);
-  row->addWidget(arrows);
-  row->addSpacing(spinFieldGap);
-  return row;
+  QFont font = box->font();
+  font.setBold(true);
+  box->setFont(font);
+  // The arrows beside it take the keys.
+  box->setFocusPolicy(Qt::ClickFocus);
 }
 
 }  // namespace
 
-/// A frame of derived values: its labels by axis and the widest text that they must hold.
+/// A frame of derived values, the labels in it by axis, and the widest text that they must hold.
 struct SetupTab::DerivedColumn {
-  std::string_view frame;
-  std::array<std::string_view, 3> names;
-  std::array<controls::Label*, 3> labels;
+  const char* frame;
+  const char* labels[axes];
   const char* widest;
 };
 
-SetupTab::SetupTab(timing::SetupPanel& panel, QWidget* parent) : QWidget(parent), panel_(panel) {
-  auto* rows = new QVBoxLayout(this);
+SetupTab::SetupTab(const WidgetMaker& widgets) : widgets_(widgets) {
+  auto* const rows = new QVBoxLayout(this);
   rows->setSpacing(6);
-  rows->addWidget(headline());
-  rows->addWidget(diagramRow());
-  rows->addWidget(timingGrid());
+  rows->addLayout(headline());
+  rows->addLayout(diagramRow());
+  rows->addLayout(timingGrid());
   rows->addStretch();
-  rows->addWidget(tuningRow());
+  rows->addLayout(tuningRow());
   rows->addStretch();
-  rows->addWidget(uploadRow());
+  rows->addLayout(uploadRow());
 }
 
 int SetupTab::columnWidth() const {
@@ -82,200 +69,173 @@ double SetupTab::scale() const {
   return static_cast<double>(columnWidth()) / columnTwips;
 }
 
-QWidget* SetupTab::headline() {
-  auto* widget = new QWidget;
-  auto* row = flatRow(widget);
-  QLabel* const pwm = wordedLabel("Label23");
-  pwm->setEnabled(false);
-  row->addWidget(pwm);
-  row->addWidget(bound<QLabel>("Cim", panel_.Cim));
+QLayout* SetupTab::headline() {
+  QHBoxLayout* const row = flatRow();
+  row->addWidget(widgets_.make("Label23"));
+  row->addWidget(widgets_.make("Cim"));
   row->addStretch();
-  return widget;
+  return row;
 }
 
-QWidget* SetupTab::diagramRow() {
-  auto* widget = new QWidget;
-  auto* row = flatRow(widget);
-  const auto lineControl = [this](std::string_view name) -> controls::Line* {
-    if (name == "LineVilor1") return &panel_.LineVilor1;
-    if (name == "LineVilor2") return &panel_.LineVilor2;
-    if (name == "LineVilor3") return &panel_.LineVilor3;
-    if (name == "LineTarso1") return &panel_.LineTarso1;
-    if (name == "LineTarso2") return &panel_.LineTarso2;
-    return nullptr;
-  };
-  const QRect area(0, 660, 5580, 1440);
+QLayout* SetupTab::diagramRow() {
+  constexpr QRect area(0, 660, 5580, 1440);
+  QHBoxLayout* const row = flatRow();
   row->addWidget(
-      new LineDrawing({area, shell::diagramLines(), shell::diagramHeads()}, scale(), lineControl));
+      new LineDrawing(widgets_, {area, shell::diagramLines(), shell::diagramHeads()}, scale()));
   row->addStretch();
-
-  auto* state = new QVBoxLayout;
-  QLabel* const edition = framedLabel("lepes", panel_.lepes);
-  QLabel* const limits = framedLabel("Vegallas", panel_.Vegallas);
-  makeBold(edition);
-  makeBold(limits);
+  auto* const state = new QVBoxLayout;
+  auto* const motor = widgets_.make<Picture>("Picture1", 0);
+  motor->show(QStringLiteral(":/pictures/motor.svg"), motorPicture);
   state->addStretch();
-  state->addWidget(picture("Picture1", ":/pictures/motor.svg", motorPicture, 0), 0, Qt::AlignRight);
-  state->addWidget(edition);
-  state->addWidget(limits);
+  state->addWidget(motor, 0, Qt::AlignRight);
+  state->addWidget(bold(widgets_.make<QLabel>("lepes")));
+  state->addWidget(bold(widgets_.make<QLabel>("Vegallas")));
   row->addLayout(state);
-  return widget;
+  return row;
 }
 
-QWidget* SetupTab::timingGrid() {
-  auto* widget = new QWidget;
-  auto* grid = new QGridLayout(widget);
-  grid->setContentsMargins(0, 0, 0, 0);
+QLayout* SetupTab::timingGrid() {
+  constexpr DerivedColumn columns[] = {
+      {"Frame1", {"Csucsf", "Csucsf", "Csucsf"}, "88888.8 S/s"},
+      {"Frame2", {"Nhatar", "Nhatar", "Nhatar"}, "88888.8 S/s"},
+      {"Frame3", {"Xttarto", "Yttarto", "Zttarto"}, "88888.8 Hz (88.8%)"},
+  };
+  constexpr int headPart = 4;  // tenths of a column
+  auto* const grid = new QGridLayout;
   grid->setSpacing(0);
   grid->setColumnMinimumWidth(0, qRound(firstColumnTwips * scale()));
-  constexpr std::array<std::string_view, 3> rowHeads{"Label6(0)", "Label6(1)", "Label6(2)"};
-  for (int axis = 0; axis < 3; ++axis) {
-    QLabel* const head = wordedLabel(rowHeads[static_cast<std::size_t>(axis)]);
-    head->setFrameShape(QFrame::StyledPanel);
-    head->setAlignment(Qt::AlignCenter);
-    makeBold(head);
-    head->setFixedWidth(qRound(columnWidth() * 0.4));
+  grid->setRowMinimumHeight(0, fontMetrics().height());
+  grid->setRowMinimumHeight(axes + 1, 2);
+  for (int axis = 0; axis < axes; ++axis) {
+    QLabel* const head = bold(widgets_.make<QLabel>("Label6", axis));
+    head->setFixedWidth(columnWidth() * headPart / 10);
     grid->addWidget(head, axis + 1, 0, Qt::AlignCenter);
     grid->setRowMinimumHeight(axis + 1, qRound(rowTwips * scale()));
+    for (int group = 0; group < groups; ++group) addTimingField(*grid, axis, group);
   }
-  for (int i = 0; i < timing::timingFields; ++i) addTimingField(*grid, i);
-  addDerived(*grid);
-  return widget;
-}
-
-void SetupTab::addTimingField(QGridLayout& grid, int i) {
-  constexpr std::array<std::string_view, 4> groups{"TF", "T1", "T2", "T3"};
-  auto* cell = flatRow();
-  cell->setSpacing(0);
-  QLineEdit* const box = numberBox(groups[static_cast<std::size_t>(i / 3)], panel_.box(i), 3, i);
-  makeInstrument(box);
-  box->setFocusPolicy(Qt::ClickFocus);
-  cell->addStretch();
-  cell->addWidget(box);
-  cell->addWidget(bound<SpinArrows>("FolLe", panel_.FolLe[i], i));
-  cell->addStretch();
-  grid.addLayout(cell, i % 3 + 1, i / 3 + 1);
-  grid.setColumnMinimumWidth(i / 3 + 1, columnWidth());
-}
-
-void SetupTab::addDerived(QGridLayout& grid) {
-  const DerivedColumn columns[] = {
-      {"Frame1",
-       {"Csucsf", "Csucsf", "Csucsf"},
-       {&panel_.Csucsf[0], &panel_.Csucsf[1], &panel_.Csucsf[2]},
-       "88888.8 S/s"},
-      {"Frame2",
-       {"Nhatar", "Nhatar", "Nhatar"},
-       {&panel_.Nhatar[0], &panel_.Nhatar[1], &panel_.Nhatar[2]},
-       "88888.8 S/s"},
-      {"Frame3",
-       {"Xttarto", "Yttarto", "Zttarto"},
-       {&panel_.Xttarto, &panel_.Yttarto, &panel_.Zttarto},
-       "88888.8 Hz (88.8%)"},
-  };
-  int at = 6;
+  int at = groups + 2;
   for (const DerivedColumn& column : columns) {
-    addDerivedColumn(grid, column, at);
+    addDerivedColumn(*grid, column, at);
     at += 2;
   }
-  grid.setRowMinimumHeight(0, fontMetrics().height());
-  grid.setRowMinimumHeight(4, 2);
+  return grid;
+}
+
+void SetupTab::addTimingField(QGridLayout& grid, int axis, int group) {
+  constexpr const char* boxes[] = {"TF", "T1", "T2", "T3"};
+  const int i = axes * group + axis;
+  QHBoxLayout* const cell = flatRow();
+  cell->setSpacing(0);
+  auto* const box = asNumberBox(widgets_.make<QLineEdit>(boxes[group], i), 3);
+  makeInstrument(box);
+  cell->addStretch();
+  cell->addWidget(box);
+  cell->addWidget(widgets_.make("FolLe", i));
+  cell->addStretch();
+  grid.addLayout(cell, axis + 1, group + 1);
+  grid.setColumnMinimumWidth(group + 1, columnWidth());
 }
 
 void SetupTab::addDerivedColumn(QGridLayout& grid, const DerivedColumn& column, int at) {
   constexpr int gap = 6;
   constexpr int padding = 8;
   // The frame and its labels share the grid's cells, so that each axis reads as one line.
-  auto* frame = new QGroupBox(caption(column.frame));
-  describe(frame, column.frame);
-  grid.addWidget(frame, 0, at, 5, 1);
+  grid.addWidget(widgets_.make(column.frame), 0, at, axes + 2, 1);
   grid.setColumnMinimumWidth(at - 1, gap);
   grid.setColumnStretch(at, 1);
   grid.setColumnMinimumWidth(
       at, fontMetrics().horizontalAdvance(QString::fromLatin1(column.widest)) + padding);
-  const bool array = column.names[0] == column.names[1];
-  for (std::size_t axis = 0; axis < 3; ++axis) {
-    const int index = static_cast<int>(axis);
-    QLabel* const label =
-        bound<QLabel>(column.names[axis], *column.labels[axis], array ? index : -1);
-    grid.addWidget(label, index + 1, at, Qt::AlignCenter);
+  const bool array = column.labels[0] == column.labels[1];
+  for (int axis = 0; axis < axes; ++axis) {
+    QWidget* const label = widgets_.make(column.labels[axis], array ? axis : -1);
+    grid.addWidget(label, axis + 1, at, Qt::AlignCenter);
     label->raise();
   }
 }
 
-QWidget* SetupTab::tuningRow() {
-  auto* widget = new QWidget;
-  auto* row = flatRow(widget);
-  row->addWidget(tuningFields());
+QLayout* SetupTab::tuningRow() {
+  QHBoxLayout* const row = flatRow();
+  row->addLayout(tuningFields());
   row->addStretch();
-  row->addWidget(wholeStepBoxes());
-  return widget;
+  row->addLayout(wholeStepBoxes());
+  return row;
 }
 
-QWidget* SetupTab::tuningFields() {
-  auto* widget = new QWidget;
-  auto* grid = new QGridLayout(widget);
-  grid->setContentsMargins(0, 0, 0, 0);
+QLayout* SetupTab::tuningFields() {
+  auto* const grid = new QGridLayout;
   grid->setVerticalSpacing(4);
-  auto* mode = bound<QComboBox>("Funkcio", panel_.Funkcio);
+  auto* const mode = widgets_.make<QComboBox>("Funkcio");
   mode->setFocusPolicy(Qt::StrongFocus);
   mode->installEventFilter(new WheelNeedsFocus(mode));
-  grid->addWidget(wordedLabel("Label5"), 0, 0);
+  grid->addWidget(widgets_.make("Label5"), 0, 0);
   grid->addWidget(mode, 0, 1, Qt::AlignLeft);
-  grid->addWidget(wordedLabel("Label7"), 1, 0);
+  grid->addWidget(widgets_.make("Label7"), 1, 0);
   grid->addLayout(path(), 1, 1);
-  grid->addWidget(wordedLabel("Label11"), 2, 0);
+  grid->addWidget(widgets_.make("Label11"), 2, 0);
   grid->addLayout(tolerance(), 2, 1);
-  return widget;
+  return grid;
+}
+
+QHBoxLayout* SetupTab::spinField(std::string_view box, std::string_view arrows) {
+  constexpr int gap = 10;
+  QHBoxLayout* const row = flatRow();
+  row->setSpacing(2);
+  auto* const typed = asNumberBox(widgets_.make<QLineEdit>(box), typedFigures);
+  auto* const pressed = widgets_.make<SpinArrows>(arrows);
+  pressed->serve(typed);
+  row->addWidget(typed);
+  row->addWidget(pressed);
+  row->addSpacing(gap);
+  return row;
 }
 
 QLayout* SetupTab::path() {
-  QHBoxLayout* const row = spinField("Ut", panel_.Ut, "Utfolle", panel_.Utfolle);
-  row->addWidget(wordedLabel("Label8"));
-  QLineEdit* const perStep = numberBox("Spm", panel_.Spm, spinFieldFigures);
+  constexpr int gap = 10;
+  constexpr int lengthFigures = 5;
+  QHBoxLayout* const row = spinField("Ut", "Utfolle");
+  row->addWidget(widgets_.make("Label8"));
+  auto* const perStep = asNumberBox(widgets_.make<QLineEdit>("Spm"), typedFigures);
   row->addWidget(perStep);
-  row->addSpacing(spinFieldGap);
-  row->addWidget(wordedLabel("Label9"));
-  QLabel* const length = framedLabel("Uthossz", panel_.Uthossz);
-  length->setFixedSize(numberBoxWidth(*this, 5), perStep->sizeHint().height());
+  row->addSpacing(gap);
+  row->addWidget(widgets_.make("Label9"));
+  QWidget* const length = widgets_.make("Uthossz");
+  length->setFixedSize(numberBoxWidth(*this, lengthFigures), perStep->sizeHint().height());
   row->addWidget(length);
-  row->addWidget(wordedLabel("Label10"));
+  row->addWidget(widgets_.make("Label10"));
   row->addStretch();
   return row;
 }
 
 QLayout* SetupTab::tolerance() {
-  QHBoxLayout* const row = spinField("Tures", panel_.Tures, "Turesfolle", panel_.Turesfolle);
-  row->addWidget(wordedLabel("Label12"));
+  QHBoxLayout* const row = spinField("Tures", "Turesfolle");
+  row->addWidget(widgets_.make("Label12"));
   row->addStretch();
   return row;
 }
 
-QWidget* SetupTab::wholeStepBoxes() {
-  auto* widget = new QWidget;
-  auto* column = new QVBoxLayout(widget);
-  column->setContentsMargins(0, 0, 0, 0);
+QLayout* SetupTab::wholeStepBoxes() {
+  auto* const column = new QVBoxLayout;
   column->setSpacing(4);
-  column->addWidget(wordedLabel("Label31"));
-  column->addWidget(bound<QCheckBox>("Xegesz", panel_.Xegesz));
-  column->addWidget(bound<QCheckBox>("Yegesz", panel_.Yegesz));
-  column->addWidget(bound<QCheckBox>("Zegesz", panel_.Zegesz));
-  return widget;
+  for (const char* const name : {"Label31", "Xegesz", "Yegesz", "Zegesz"}) {
+    column->addWidget(widgets_.make(name));
+  }
+  return column;
 }
 
-QWidget* SetupTab::uploadRow() {
-  auto* widget = new QWidget;
-  auto* row = flatRow(widget);
-  auto* button = wordedButton<QPushButton>("Letolt", panel_.Letolt);
+QLayout* SetupTab::uploadRow() {
+  constexpr int gap = 10;
+  constexpr QSize icon{24, 24};
+  QHBoxLayout* const row = flatRow();
+  auto* const button = widgets_.make<QPushButton>("Letolt");
   button->setIcon(QIcon(QStringLiteral(":/pictures/upload.svg")));
-  button->setIconSize({24, 24});
+  button->setIconSize(icon);
   row->addWidget(button);
-  row->addSpacing(10);
-  row->addWidget(wordedLabel("Label22"));
-  row->addWidget(bound<QProgressBar>("Bar", panel_.Bar), 1);
-  row->addWidget(bound<QLabel>("Label15", panel_.Label15));
-  row->addWidget(bound<QLabel>("Verz", panel_.Verz));
-  return widget;
+  row->addSpacing(gap);
+  row->addWidget(widgets_.make("Label22"));
+  row->addWidget(widgets_.make("Bar"), 1);
+  row->addWidget(widgets_.make("Label15"));
+  row->addWidget(widgets_.make("Verz"));
+  return row;
 }
 
 }  // namespace monitra::desktop

@@ -2,37 +2,38 @@
 
 #include <QWidget>
 
-#include "timing/setup_panel.h"
+#include "desktop/widget_maker.h"
 
 class QGridLayout;
+class QHBoxLayout;
 
 namespace monitra::desktop {
 
-/// The tab "Motor Setup". The panel must live as long as the widget.
+/// The tab "Motor Setup".
 class SetupTab : public QWidget {
  public:
-  explicit SetupTab(timing::SetupPanel& panel, QWidget* parent = nullptr);
+  explicit SetupTab(const WidgetMaker& widgets);
 
  private:
-  QWidget* headline();
-  QWidget* diagramRow();
-  QWidget* timingGrid();
-  void addTimingField(QGridLayout& grid, int i);
+  QLayout* headline();
+  QLayout* diagramRow();
+  QLayout* timingGrid();
+  void addTimingField(QGridLayout& grid, int axis, int group);
   struct DerivedColumn;
-  void addDerived(QGridLayout& grid);
   void addDerivedColumn(QGridLayout& grid, const DerivedColumn& column, int at);
-  QWidget* tuningRow();
-  QWidget* tuningFields();
+  QLayout* tuningRow();
+  QLayout* tuningFields();
   QLayout* path();
   QLayout* tolerance();
-  QWidget* wholeStepBoxes();
-  QWidget* uploadRow();
+  QHBoxLayout* spinField(std::string_view box, std::string_view arrows);
+  QLayout* wholeStepBoxes();
+  QLayout* uploadRow();
 
   /// Width of a grid column, and what one twip of the drawing measures beside it.
   int columnWidth() const;
   double scale() const;
 
-  timing::SetupPanel& panel_;
+  WidgetMaker widgets_;
 };
 
 }  // namespace monitra::desktop

@@ -1,11 +1,13 @@
 #include "desktop/spin_arrows.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
-#include <QStyleOptionFocusRect>
 #include <QStylePainter>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QWheelEvent>
+
+#include "desktop/widgets.h"
 
 namespace monitra::desktop {
 
@@ -32,6 +34,17 @@ SpinArrows::SpinArrows(QWidget* parent) : QWidget(parent) {
   connect(down, &QToolButton::clicked, this, &SpinArrows::downPressed);
   setFocusPolicy(Qt::StrongFocus);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void SpinArrows::setRange(int min, int max) {
+  min_ = min;
+  max_ = max;
+}
+
+void SpinArrows::setValue(int value) {
+  value_ = value;
+  QAccessibleValueChangeEvent changed(this, value);
+  QAccessible::updateAccessibility(&changed);
 }
 
 int SpinArrows::widthBeside(const QFontMetrics& font) {
@@ -98,9 +111,7 @@ void SpinArrows::pressByWheel(const QWheelEvent& event) {
 void SpinArrows::paintEvent(QPaintEvent* /*event*/) {
   if (!hasFocus()) return;
   QStylePainter painter(this);
-  QStyleOptionFocusRect focus;
-  focus.initFrom(this);
-  painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
+  drawFocus(painter, *this, rect());
 }
 
 void SpinArrows::focusInEvent(QFocusEvent* event) {

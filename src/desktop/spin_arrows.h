@@ -14,6 +14,13 @@ class SpinArrows : public QWidget {
  public:
   explicit SpinArrows(QWidget* parent = nullptr);
 
+  /// What the arrows step, for a screen reader.
+  void setRange(int min, int max);
+  void setValue(int value);
+  int min() const { return min_; }
+  int max() const { return max_; }
+  int value() const { return value_; }
+
   /// The keys and the wheel press the arrows also while this widget has the focus.
   void serve(QWidget* widget);
 
@@ -37,6 +44,9 @@ class SpinArrows : public QWidget {
   bool pressByKey(const QKeyEvent& event);
   void pressByWheel(const QWheelEvent& event);
 
+  int min_ = 0;
+  int max_ = 0;
+  int value_ = 0;
   int wheel_ = 0;  ///< turned since the last press, in eighths of a degree
 };
 

@@ -1,104 +1,100 @@
 #include "desktop/test_tab.h"
 
-#include <QCheckBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
 
 #include "desktop/jog_area.h"
+#include "desktop/picture.h"
 #include "desktop/tick_timer.h"
 #include "desktop/widgets.h"
 
 namespace monitra::desktop {
 
-TestTab::TestTab(bench::JogPanel& jog, bench::BitPanel& bits, link::PortPanel& port,
-                 QWidget* parent)
-    : QWidget(parent) {
-  new TickTimer(jog.Timer1, this);
-  auto* columns = new QHBoxLayout(this);
-  columns->setSpacing(14);
-  columns->addLayout(jogColumn(jog), 1);
-  columns->addLayout(portColumn(port));
-  columns->addWidget(bitFrame(bits, port));
+TestTab::TestTab(const WidgetMaker& widgets) : widgets_(widgets) {
+  constexpr int gap = 14;
+  new TickTimer(widgets.lap().jog.Timer1, this);
+  auto* const columns = new QHBoxLayout(this);
+  columns->setSpacing(gap);
+  columns->addLayout(jogColumn(), 1);
+  columns->addLayout(portColumn());
+  columns->addWidget(bitFrame());
 }
 
-QLayout* TestTab::jogColumn(bench::JogPanel& jog) {
-  auto* column = new QVBoxLayout;
-  QLabel* const title = wordedLabel("Label20");
-  makeBold(title);
+QLayout* TestTab::jogColumn() {
+  QLabel* const title = bold(widgets_.make<QLabel>("Label20"));
   setTextColour(title, QColor(0xD0, 0x10, 0x10), QColor(0xFF, 0x60, 0x60));
-  QLabel* const warning = wordedLabel("Label30");
+  QLabel* const warning = widgets_.make<QLabel>("Label30");
   setTextColour(warning, QColor(0x90, 0x00, 0x00), QColor(0xE0, 0x80, 0x80));
+  auto* const column = new QVBoxLayout;
   column->addWidget(title);
   column->addWidget(warning);
   column->addStretch();
-  column->addWidget(new JogArea(jog, logicalDpiX() / 1440.0));
+  column->addWidget(new JogArea(widgets_, logicalDpiX() / 1440.0));
   column->addStretch();
-  column->addLayout(generatorRow(jog));
+  column->addLayout(generatorRow());
   return column;
 }
 
-QLayout* TestTab::generatorRow(bench::JogPanel& jog) {
-  auto* row = flatRow();
-  auto* inversions = new QVBoxLayout;
-  for (int axis = 0; axis < 3; ++axis) {
-    inversions->addWidget(bound<QCheckBox>("Invert", jog.Invert[axis], axis));
-  }
-  auto* rate = flatRow();
-  rate->addWidget(wordedLabel("Label18"));
-  rate->addWidget(numberBox("Seb", jog.Seb, 6));
-  rate->addWidget(wordedLabel("Label17"));
-  auto* generator = new QVBoxLayout;
-  generator->addWidget(wordedButton<QPushButton>("SpindleGomb", jog.SpindleGomb));
+QLayout* TestTab::generatorRow() {
+  constexpr int gap = 24;
+  constexpr int rateFigures = 6;
+  auto* const inversions = new QVBoxLayout;
+  for (int axis = 0; axis < 3; ++axis) inversions->addWidget(widgets_.make("Invert", axis));
+  auto* const generator = new QVBoxLayout;
+  generator->addWidget(widgets_.make("SpindleGomb"));
+  QHBoxLayout* const rate = flatRow();
+  rate->addWidget(widgets_.make("Label18"));
+  rate->addWidget(asNumberBox(widgets_.make<QLineEdit>("Seb"), rateFigures));
+  rate->addWidget(widgets_.make("Label17"));
   generator->addLayout(rate);
-  generator->addWidget(wordedButton<QPushButton>("Impulzus", jog.Impulzus));
+  generator->addWidget(widgets_.make("Impulzus"));
+  QHBoxLayout* const row = flatRow();
   row->addLayout(inversions);
-  row->addSpacing(24);
+  row->addSpacing(gap);
   row->addLayout(generator);
   row->addStretch();
   return row;
 }
 
-QLayout* TestTab::portColumn(link::PortPanel& port) {
-  auto* column = new QVBoxLayout;
-  auto* list = bound<QListWidget>("LPT", port.LPT);
-  const int rows = static_cast<int>(port.LPT.Items.size());
-  list->setFixedHeight(list->sizeHintForRow(0) * rows + 2 * list->frameWidth() + 2);
-  list->setFixedWidth(list->sizeHintForColumn(0) + 40);
-  QLabel* const board = bound<QLabel>("PCBV", port.PCBV);
-  board->setAlignment(Qt::AlignCenter);
-  column->addWidget(wordedLabel("Label19"));
+QLayout* TestTab::portColumn() {
+  constexpr int sideAir = 40;
+  auto* const column = new QVBoxLayout;
+  auto* const list = widgets_.make<QListWidget>("LPT");
+  list->setFixedHeight(list->sizeHintForRow(0) * list->count() + 2 * list->frameWidth() + 2);
+  list->setFixedWidth(list->sizeHintForColumn(0) + sideAir);
+  auto* const board = widgets_.make<Picture>("Picture2", 0);
+  board->show(QStringLiteral(":/pictures/board.svg"), boardPicture);
+  QLabel* const version = widgets_.make<QLabel>("PCBV");
+  version->setAlignment(Qt::AlignCenter);
+  column->addWidget(widgets_.make("Label19"));
   column->addWidget(list);
   column->addStretch();
-  column->addWidget(picture("Picture2(0)", ":/pictures/board.svg", {104, 60}));
   column->addWidget(board);
+  column->addWidget(version);
   column->addStretch();
   return column;
 }
 
-QWidget* TestTab::bitFrame(bench::BitPanel& bits, link::PortPanel& port) {
-  QGroupBox* const frame = wordedFrame("Frame4");
-  auto* column = new QVBoxLayout(frame);
+QWidget* TestTab::bitFrame() {
+  auto* const frame = widgets_.make<QGroupBox>("Frame4");
+  auto* const column = new QVBoxLayout(frame);
   column->setSpacing(3);
-  const auto addAddress = [column](std::string_view name, controls::Label& control) {
-    QLabel* const label = bound<QLabel>(name, control);
-    makeBold(label);
+  const auto addAddress = [this, column](std::string_view name) {
+    QLabel* const label = bold(widgets_.make<QLabel>(name));
     label->setAlignment(Qt::AlignCenter);
     column->addWidget(label);
   };
-  addAddress("Cim1", port.Cim1);
-  for (int i = 0; i < 8; ++i) {
-    column->addWidget(bound<QCheckBox>("Bitcim", port.Bitcim[i], i));
-  }
+  addAddress("Cim1");
+  for (int bit = 0; bit < 8; ++bit) column->addWidget(widgets_.make("Bitcim", bit));
   column->addSpacing(4);
-  addAddress("Cim2", port.Cim2);
-  column->addWidget(bound<QCheckBox>("Bitcim(8)", port.Bitcim[8]));
+  addAddress("Cim2");
+  column->addWidget(widgets_.make("Bitcim", 8));
   column->addStretch();
-  column->addWidget(wordedButton<QPushButton>("Kuld", bits.Kuld));
-  column->addWidget(wordedButton<QPushButton>("Torles", bits.Torles));
+  column->addWidget(widgets_.make("Kuld"));
+  column->addWidget(widgets_.make("Torles"));
   return frame;
 }
 

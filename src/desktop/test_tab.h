@@ -2,23 +2,22 @@
 
 #include <QWidget>
 
-#include "bench/bit_panel.h"
-#include "bench/jog_panel.h"
-#include "link/port_panel.h"
+#include "desktop/widget_maker.h"
 
 namespace monitra::desktop {
 
-/// The tab "Teszt". The panels must live as long as the widget.
+/// The tab "Teszt".
 class TestTab : public QWidget {
  public:
-  TestTab(bench::JogPanel& jog, bench::BitPanel& bits, link::PortPanel& port,
-          QWidget* parent = nullptr);
+  explicit TestTab(const WidgetMaker& widgets);
 
  private:
-  QLayout* jogColumn(bench::JogPanel& jog);
-  QLayout* generatorRow(bench::JogPanel& jog);
-  QLayout* portColumn(link::PortPanel& port);
-  QWidget* bitFrame(bench::BitPanel& bits, link::PortPanel& port);
+  QLayout* jogColumn();
+  QLayout* generatorRow();
+  QLayout* portColumn();
+  QWidget* bitFrame();
+
+  WidgetMaker widgets_;
 };
 
 }  // namespace monitra::desktop

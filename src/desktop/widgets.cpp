@@ -1,13 +1,44 @@
 #include "desktop/widgets.h"
 
 #include <QEvent>
-#include <QGroupBox>
+#include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
+#include <QStyleOptionFocusRect>
+#include <QStylePainter>
 
 namespace monitra::desktop {
+
+namespace {
+
+class ThemeWatch : public QObject {
+ public:
+  ThemeWatch(QWidget* widget, std::function<void(QPalette& colours)> adjust)
+      : QObject(widget), widget_(widget), adjust_(std::move(adjust)) {
+    show();
+    widget->installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* /*widget*/, QEvent* event) override {
+    if (event->type() == QEvent::PaletteChange) show();
+    return false;
+  }
+
+ private:
+  void show() {
+    QPalette colours = widget_->palette();
+    adjust_(colours);
+    // To set them is a change of the palette too.
+    if (colours != widget_->palette()) widget_->setPalette(colours);
+  }
+
+  QWidget* widget_;
+  std::function<void(QPalette& colours)> adjust_;
+};
+
+}  // namespace
 
 QHBoxLayout* flatRow(QWidget* parent) {
   auto* row = new QHBoxLayout(parent);
@@ -15,54 +46,52 @@ QHBoxLayout* flatRow(QWidget* parent) {
   return row;
 }
 
-QGroupBox* wordedFrame(std::string_view name) {
-  auto* frame = new QGroupBox(caption(name));
-  describe(frame, name);
-  return frame;
-}
-
-QLabel* picture(std::string_view name, const char* file, QSize size, int index) {
-  auto* label = new QLabel;
-  describe(label, name, index);
-  label->setPixmap(QIcon(QString::fromUtf8(file)).pixmap(size, label->devicePixelRatio()));
-  label->setFixedSize(size);
-  return label;
-}
-
-QLabel* framedLabel(std::string_view name, controls::Label& control) {
-  auto* label = bound<QLabel>(name, control);
-  label->setFrameShape(QFrame::StyledPanel);
-  label->setFrameShadow(QFrame::Sunken);
-  label->setAlignment(Qt::AlignCenter);
-  label->setContentsMargins(label->contentsMargins() + QMargins(4, 0, 4, 0));
-  return label;
-}
-
-void makeBold(QWidget* widget) {
-  QFont font = widget->font();
+QLabel* bold(QLabel* label) {
+  QFont font = label->font();
   font.setBold(true);
-  widget->setFont(font);
+  label->setFont(font);
+  return label;
 }
 
-void setTextColour(QWidget* label, QColor colour, QColor onDark) {
-  QPalette colours = label->palette();
-  const bool dark = colours.color(QPalette::Window).lightness() < 128;
-  colours.setColor(QPalette::WindowText, dark && onDark.isValid() ? onDark : colour);
-  label->setPalette(colours);
+QLabel* inFont(QLabel* label, const char* family, double points, bool italic) {
+  QFont font(QString::fromLatin1(family));
+  font.setPointSizeF(points);
+  font.setItalic(italic);
+  label->setFont(font);
+  return label;
+}
+
+void followTheme(QWidget* widget, std::function<void(QPalette& colours)> adjust) {
+  new ThemeWatch(widget, std::move(adjust));
+}
+
+void setTextColour(QLabel* label, QColor colour, QColor onDark) {
+  followTheme(label, [colour, onDark](QPalette& colours) {
+    constexpr int middle = 128;
+    const bool dark = QGuiApplication::palette().color(QPalette::Window).lightness() < middle;
+    colours.setColor(QPalette::WindowText, dark ? onDark : colour);
+  });
 }
 
 int numberBoxWidth(const QWidget& widget, int characters) {
   constexpr int frame = 14;
-  QFont bold = widget.font();
-  bold.setBold(true);
-  return QFontMetrics(bold).horizontalAdvance(QLatin1Char('0')) * characters + frame;
+  QFont boldFont = widget.font();
+  boldFont.setBold(true);
+  return QFontMetrics(boldFont).horizontalAdvance(QLatin1Char('0')) * characters + frame;
 }
 
-QLineEdit* numberBox(std::string_view name, controls::TextBox& control, int characters, int index) {
-  auto* box = bound<QLineEdit>(name, control, index);
+QLineEdit* asNumberBox(QLineEdit* box, int characters) {
   box->setAlignment(Qt::AlignCenter);
   box->setFixedWidth(numberBoxWidth(*box, characters));
   return box;
+}
+
+void drawFocus(QStylePainter& painter, const QWidget& widget, const QRect& where) {
+  QStyleOptionFocusRect focus;
+  focus.initFrom(&widget);
+  focus.rect = where;
+  focus.state |= QStyle::State_KeyboardFocusChange;
+  painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
 }
 
 bool WheelNeedsFocus::eventFilter(QObject* watched, QEvent* event) {

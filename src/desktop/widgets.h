@@ -2,54 +2,25 @@
 
 #include <QColor>
 #include <QObject>
+#include <QPalette>
 #include <QSize>
-#include <string_view>
+#include <functional>
 
-#include "controls/controls.h"
-#include "desktop/bindings.h"
-#include "desktop/words.h"
-
-class QGroupBox;
 class QHBoxLayout;
 class QLabel;
 class QLineEdit;
+class QStylePainter;
 class QWidget;
 
 namespace monitra::desktop {
 
-/// The kinds of widgets that the tabs are made of, each with the words of the named control and
-/// bound to it. An element of a control array has an index.
+/// What the tabs have in common in their looks.
 
-/// Any widget with a binding of its own.
-template <class Widget, class Control>
-Widget* bound(std::string_view name, Control& control, int index = -1) {
-  auto* widget = new Widget;
-  describe(widget, name, index);
-  bind(widget, control);
-  return widget;
-}
-
-/// A button of any kind with the fixed caption of the control.
-template <class Button, class Control>
-Button* wordedButton(std::string_view name, Control& control, int index = -1) {
-  auto* button = bound<Button>(name, control, index);
-  button->setText(caption(name));
-  return button;
-}
-
-/// A frame with the fixed caption of the control.
-QGroupBox* wordedFrame(std::string_view name);
-
-/// A picture from the program's resources, in this size.
-QLabel* picture(std::string_view name, const char* file, QSize size, int index = -1);
 inline constexpr QSize motorPicture{60, 56};
+inline constexpr QSize boardPicture{104, 60};
 
-/// A label with a border and its text in the middle.
-QLabel* framedLabel(std::string_view name, controls::Label& control);
-
-/// A text box as wide as this many figures.
-QLineEdit* numberBox(std::string_view name, controls::TextBox& control, int characters,
-                     int index = -1);
+/// Puts the text of a number's box in its middle and makes the box as wide as this many figures.
+QLineEdit* asNumberBox(QLineEdit* box, int characters);
 
 /// The width of such a box beside this widget.
 int numberBoxWidth(const QWidget& widget, int characters);
@@ -57,10 +28,18 @@ int numberBoxWidth(const QWidget& widget, int characters);
 /// A row without margins.
 QHBoxLayout* flatRow(QWidget* parent = nullptr);
 
-void makeBold(QWidget* widget);
+/// Makes the text bold, or gives it a font of its own. The label comes back.
+QLabel* bold(QLabel* label);
+QLabel* inFont(QLabel* label, const char* family, double points, bool italic = false);
 
-/// The colour of a label's text, or where the theme is dark the second one, if there is one.
-void setTextColour(QWidget* label, QColor colour, QColor onDark = {});
+/// Has a function adjust the widget's palette now and at each change of the desktop's theme.
+void followTheme(QWidget* widget, std::function<void(QPalette& colours)> adjust);
+
+/// The colour of a label's text, and the one in a dark theme.
+void setTextColour(QLabel* label, QColor colour, QColor onDark);
+
+/// Draws the mark of the keyboard's focus, however the widget has got it.
+void drawFocus(QStylePainter& painter, const QWidget& widget, const QRect& where);
 
 /// An event filter that keeps the wheel from a widget without the focus, whose value it would
 /// change unnoticed.

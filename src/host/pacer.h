@@ -9,6 +9,7 @@ namespace monitra::host {
 class Pacer : public platform::Sleeper {
  public:
   void Sleep(int milliseconds) override;
+  std::chrono::nanoseconds now() const override;
 };
 
 }  // namespace monitra::host

@@ -12,13 +12,13 @@ struct PortPanel {
   }
 
   controls::PickList LPT{{"&H378", "&H278", "&H3BC"}};
-  controls::Label Cim1{"Cím"};
-  controls::Label Cim2{"Cím"};
+  controls::Label Cim1;
+  controls::Label Cim2;
   /// Boxes 0 to 7 stand for the bits of the data register, box 8 for the spindle bit.
   controls::IndexedArray<controls::CheckBox, 0, 9> Bitcim;
   controls::MenuEntry Mpcb32;
   controls::MenuEntry Mpcb40{true};
-  controls::Label PCBV{"Verzió"};
+  controls::Label PCBV;
 };
 
 }  // namespace monitra::link

@@ -1,5 +1,7 @@
 #include "link/serial_line.h"
 
+#include <algorithm>
+
 namespace monitra::link {
 
 namespace {
@@ -24,9 +26,10 @@ void SerialLine::SorosBit(bool bit) {
   const std::uint8_t read = registers_.DlPortReadPortUchar(address);
   const std::uint8_t b =
       bit ? withBit(read, pins.SorosAdatBit) : withoutBit(read, pins.SorosAdatBit);
-  writeAndWait(address, b);
-  writeAndWait(address, withBit(b, pins.SorosOrajelBit));
-  writeAndWait(address, withoutBit(b, pins.SorosOrajelBit));
+  const std::uint8_t clockHigh = withBit(b, pins.SorosOrajelBit);
+  writeAndWait(address, read, b);
+  writeAndWait(address, b, clockHigh);
+  writeAndWait(address, clockHigh, withoutBit(b, pins.SorosOrajelBit));
 }
 
 void SerialLine::SorosBajt(std::uint8_t value) {
@@ -41,9 +44,26 @@ void SerialLine::SorosAlap() {
       address, withoutBit(withoutBit(read, pins.SorosAdatBit), pins.SorosOrajelBit));
 }
 
-void SerialLine::writeAndWait(std::int32_t address, std::uint8_t value) {
+void SerialLine::startTiming() {
+  start_ = sleeper_.now();
+  longestPause_ = {};
+  lastEdge_.reset();
+}
+
+LineTiming SerialLine::timing() const {
+  return {sleeper_.now() - start_, longestPause_};
+}
+
+void SerialLine::writeAndWait(std::int32_t address, std::uint8_t before, std::uint8_t value) {
   registers_.DlPortWritePortUchar(address, value);
+  if (value != before) noteEdge();
   sleeper_.Sleep(1);
+}
+
+void SerialLine::noteEdge() {
+  const std::chrono::nanoseconds now = sleeper_.now();
+  if (lastEdge_) longestPause_ = std::max(longestPause_, now - *lastEdge_);
+  lastEdge_ = now;
 }
 
 }  // namespace monitra::link

@@ -1,12 +1,20 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
+#include <optional>
 
 #include "link/port_selection.h"
 #include "platform/port_registers.h"
 #include "platform/sleeper.h"
 
 namespace monitra::link {
+
+/// How evenly the line was clocked.
+struct LineTiming {
+  std::chrono::nanoseconds duration{};
+  std::chrono::nanoseconds longestPause{};  ///< between two changes of a level of the line
+};
 
 /// The one-way, two-wire line to the controller, clocked by hand over two pins of the data
 /// register of the port selected in LPT. Each operation blocks until its last wait is over, and
@@ -25,12 +33,20 @@ class SerialLine {
   /// Both lines low, by one write and without a wait.
   void SorosAlap();
 
+  /// Begins a measurement, and tells what has come of it up to now.
+  void startTiming();
+  LineTiming timing() const;
+
  private:
-  void writeAndWait(std::int32_t address, std::uint8_t value);
+  void writeAndWait(std::int32_t address, std::uint8_t before, std::uint8_t value);
+  void noteEdge();
 
   const PortSelection& port_;
   platform::PortRegisters& registers_;
   platform::Sleeper& sleeper_;
+  std::chrono::nanoseconds start_{};
+  std::chrono::nanoseconds longestPause_{};
+  std::optional<std::chrono::nanoseconds> lastEdge_;
 };
 
 }  // namespace monitra::link

@@ -29,12 +29,16 @@ class Upload {
   controls::Event begun;  ///< the question is about to come up
   controls::Event sent;   ///< the last byte is out, the final words have not come up yet
 
+  /// Of the last message sent.
+  const LineTiming& timing() const { return timing_; }
+
  private:
   void send(const SetupMessage& message);
 
   timing::SetupPanel& panel_;
   SerialLine& line_;
   platform::MessageBox& box_;
+  LineTiming timing_;
 };
 
 }  // namespace monitra::link

@@ -1,14 +1,19 @@
 #pragma once
 
+#include <chrono>
+
 namespace monitra::platform {
 
-/// Waiting on the program's one thread.
+/// Time, and waiting on the program's one thread.
 class Sleeper {
  public:
   virtual ~Sleeper() = default;
 
   /// Returns when at least this many milliseconds have passed since the call.
   virtual void Sleep(int milliseconds) = 0;
+
+  /// The present time on a clock that only goes forward.
+  virtual std::chrono::nanoseconds now() const = 0;
 };
 
 }  // namespace monitra::platform

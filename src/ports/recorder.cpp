@@ -19,7 +19,7 @@ void Recorder::Sleep(int milliseconds) {
 }
 
 void Recorder::keep(PortEvent::Kind kind, std::int32_t address, int value) {
-  events_.push_back({kind, address, value, std::chrono::steady_clock::now().time_since_epoch()});
+  events_.push_back({kind, address, value, now()});
 }
 
 }  // namespace monitra::ports

@@ -1,6 +1,8 @@
 #include "shell/event_texts.h"
 
 #include <algorithm>
+#include <chrono>
+#include <ratio>
 
 #include "store/pwm_format.h"
 #include "timing/numbers.h"
@@ -61,6 +63,20 @@ std::string unreadableText(Failure failure, const std::string& name) {
 std::string faultText(const firmware::ImageFault& fault, const std::string& name) {
   const std::string place = fault.line > 0 ? ", " + std::to_string(fault.line) + ". sor" : "";
   return name + place + ": " + fault.reason;
+}
+
+std::string sentText(const link::LineTiming& timing) {
+  const auto milliseconds = [](std::chrono::nanoseconds time) {
+    const auto tenths = std::chrono::round<std::chrono::duration<long, std::deci>>(time * 1000);
+    return std::to_string(tenths.count() / 10) + "." + std::to_string(tenths.count() % 10) + " ms";
+  };
+  return "Kiküldve " + milliseconds(timing.duration) +
+         " alatt, a leghosszabb szünet két él között " + milliseconds(timing.longestPause) +
+         " volt. A vezérlő nem válaszol.";
+}
+
+std::string nothingSentText() {
+  return "Nem ment ki semmi, mert nincs elérhető nyomtatóport.";
 }
 
 std::string generatorText(int interval) {

@@ -4,6 +4,7 @@
 
 #include "firmware/firmware_files.h"
 #include "firmware/image_check.h"
+#include "link/serial_line.h"
 #include "platform/failure.h"
 #include "store/setup_files.h"
 
@@ -26,6 +27,10 @@ std::string faultText(const firmware::ImageFault& fault, const std::string& name
 
 /// So many values of a file were outside their range.
 std::string adjustedText(int values);
+
+/// An upload has gone out, or has not because there is no port.
+std::string sentText(const link::LineTiming& timing);
+std::string nothingSentText();
 
 /// The pulse generator runs with this interval in milliseconds; 0: it never ticks.
 std::string generatorText(int interval);

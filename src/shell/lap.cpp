@@ -5,8 +5,10 @@
 
 #include "shell/event_texts.h"
 #include "shell/file_kind.h"
+#include "shell/window_controls.h"
 #include "store/text_reader.h"
 #include "store/window_title.h"
+#include "timing/numbers.h"
 
 namespace monitra::shell {
 
@@ -38,12 +40,19 @@ Lap::Lap(Outside outside)
       upload_(setup, line_, outside_.box),
       files_(fileOutside(outside_), kozos, setup, editions_, form),
       firmware_(fileOutside(outside_), kozos, setup, timingFields_, editions_, form) {
+  giveCaptions(*this);
+  bindMenus();
+  SSTab1.Tab.handle([this] { SSTab1_Click(); });
+  upload_.begun.handle([this] { Esemeny.Caption = ""; });
+  upload_.sent.handle([this] { tellUploaded(); });
+  bindBench();
+}
+
+void Lap::bindMenus() {
   MFSetNyit.Click.handle([this] { openSetup(); });
   MFSetMent.Click.handle([this] { saveSetup(); });
   MFkilepes.Click.handle([this] { MFkilepes_Click(); });
-  SSTab1.Tab.handle([this] { SSTab1_Click(); });
-  upload_.begun.handle([this] { Esemeny.Caption = ""; });
-  bindBench();
+  Nev.Click.handle([this] { Nev_Click(); });
 }
 
 void Lap::bindBench() {
@@ -75,6 +84,7 @@ void Lap::Form_Load() {
   loadInfo();
   line_.SorosAlap();
   editions_.MBKTarso_Click();
+  marks.saved();
 }
 
 void Lap::loadInfo() {
@@ -115,20 +125,43 @@ void Lap::MFkilepes_Click() {
   Form_Unload();
 }
 
+void Lap::Nev_Click() {
+  const platform::ProgramIdentity& program = outside_.program;
+  outside_.box.MsgBox(
+      "Tarso1 CNC Vezérlő, Monitra program, integrált bújtatott soros adatátvitellel.\r\n"
+      "Verzió: " +
+          timing::numberText(program.Major) + " ." + timing::numberText(program.Minor) + " ." +
+          timing::numberText(program.Revision) +
+          "\r\n2026, a Monitra fejlesztői, www.monitra.example\r\n"
+          "A kapcsolási rajzért és a részletekért kérem látogassa meg weblapomat.",
+      box_style::information | box_style::okOnly);
+}
+
 void Lap::SSTab1_Click() {
   constexpr int pcLink = 2;
   if (SSTab1.Tab == pcLink) line_.SorosAlap();
 }
 
+void Lap::tellUploaded() {
+  const bool wentOut = outside_.portInUse();
+  if (wentOut) marks.sent();
+  Esemeny.Caption = wentOut ? sentText(upload_.timing()) : nothingSentText();
+  uploaded.raise();
+}
+
 void Lap::openSetup() {
   Esemeny.Caption = "";
   const store::OpenResult result = files_.MFSetNyit_Click();
+  if (result.records > 0 || result.failure == platform::Failure::None) {
+    result.complete() ? marks.saved() : marks.openedOtherwise();
+  }
   Esemeny.Caption = openingText(result);
 }
 
 void Lap::saveSetup() {
   Esemeny.Caption = "";
   const platform::Failure failure = files_.MFSetMent_Click();
+  if (failure == platform::Failure::None) marks.saved();
   Esemeny.Caption = savingText(failure, outside_.Fileablak.FileName);
 }
 

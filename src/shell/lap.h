@@ -22,6 +22,7 @@
 #include "platform/program_identity.h"
 #include "platform/settings_store.h"
 #include "platform/sleeper.h"
+#include "shell/setup_marks.h"
 #include "store/preferences.h"
 #include "store/setup_files.h"
 #include "timing/editions.h"
@@ -43,6 +44,8 @@ struct Outside {
   const platform::CodePage& codePage;
   platform::SettingsStore& settings;
   const platform::ProgramIdentity& program;
+  /// Whether what is written to the registers goes out on a port, simulated or not.
+  std::function<bool()> portInUse;
   /// A short sound.
   std::function<void()> Beep;
   /// Ends the process at once.
@@ -73,6 +76,7 @@ class Lap {
   void endWithoutQuestion();
 
   void MFkilepes_Click();
+  void Nev_Click();
   void SSTab1_Click();
 
   /// Read a firmware file, and write a copy of it with the present Setup. No control leads here.
@@ -84,7 +88,6 @@ class Lap {
   void openDropped(const std::string& path);
 
   /// For a caller that needs to know how an operation went.
-  link::Upload& upload() { return upload_; }
   store::SetupFiles& setupFiles() { return files_; }
   link::Pcb pcb() const { return port_.pcb(); }
 
@@ -101,6 +104,7 @@ class Lap {
   controls::MenuEntry MFSetNyit;
   controls::MenuEntry MFSetMent;
   controls::MenuEntry MFkilepes;
+  controls::MenuEntry Nev;
   controls::TextBox InfoT{{}, true};
 
   /// The footer's status: which port is in use, to be set by whoever provides the port; and what
@@ -108,8 +112,15 @@ class Lap {
   controls::Label PortAllapot;
   controls::Label Esemeny;
 
+  SetupMarks marks{setup, kozos};
+
+  /// An upload's last byte is out and Esemeny tells it; the box at its end has not come up yet.
+  controls::Event uploaded;
+
  private:
+  void bindMenus();
   void bindBench();
+  void tellUploaded();
   void openSetup();
   void saveSetup();
   void loadInfo();

@@ -1,23 +1,86 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace monitra::shell {
 
-/// The fixed words of a control. The elements of a control array that share them have one entry
-/// under the array's name; an element with its own has one under "Name(index)".
-struct ControlWords {
-  std::string_view name;
-  std::string_view caption;  ///< empty where the program sets the caption, or there is none
-  std::string_view tooltip;
+enum class Kind {
+  Label,
+  BoxedLabel,
+  StatusLine,  ///< a label of one line, cut where it doesn't fit
+  Picture,
+  Frame,
+  Instrument,  ///< a text box that only shows
+  TextBox,
+  TextArea,
+  SpinButton,
+  CheckBox,
+  PushButton,
+  HoldButton,
+  ToggleButton,
+  OptionButton,
+  DropDownList,
+  ListBox,
+  ProgressBar,
+  LedMeter,
+  TabStrip,
 };
 
-/// The words of a control that has an entry; a name without one is an error of the caller.
-const ControlWords& controlWords(std::string_view name);
+/// How a control stands ahead of the start-up, where that isn't simply shown and enabled.
+enum class State { Normal, Disabled, Hidden, Selected };
 
-/// Captions of the tabs, in the order of SSTab1.
-std::span<const std::string_view> tabCaptions();
+/// Elements of a control array; none for a single control.
+struct Elements {
+  int first = -1;
+  int count = 0;
+};
+
+/// One control of the window, or the elements of a control array that share their words. Timer1
+/// and Fileablak, of which nothing shows, have no entry.
+struct ControlDescription {
+  std::string_view name = {};
+  Elements elements = {};
+  Kind kind = Kind::Label;
+  std::string_view caption = {};  ///< or default text; empty where the program sets it at once
+  std::string_view tooltip = {};
+  State state = State::Normal;
+  /// What a screen reader calls it, where that isn't its caption; in an array "%" stands for the
+  /// axis of the element. The text that a label shows comes behind it.
+  std::string_view spoken = {};
+  std::string_view hint = {};   ///< tells a screen reader more than the tooltip; never shown
+  std::string_view buddy = {};  ///< of a label: name of the control that it heads
+  char mnemonic = 0;  ///< letter of the caption; no mnemonic makes anything move on the machine
+};
+
+/// All of them, in the order of the window.
+std::span<const ControlDescription> windowControls();
+
+/// The entry of a control; a name or element without one is an error of the caller.
+const ControlDescription& describedControl(std::string_view name, int index = -1);
+
+/// What a screen reader calls an element of the entry, without the text that a label shows.
+std::string spokenName(const ControlDescription& control, int index);
+
+/// Captions of the tabs, in the order of SSTab1, with their mnemonics.
+struct TabDescription {
+  std::string_view caption;
+  char mnemonic;
+};
+std::span<const TabDescription> tabs();
+
+/// An entry of the menu tree; those of a submenu follow it one level deeper.
+struct MenuDescription {
+  enum class Mark { None, Off, On };
+  int level;
+  std::string_view name;
+  std::string_view caption;  ///< "-" for a separator
+  Mark mark = Mark::None;    ///< the check mark ahead of the start-up
+  bool enabled = true;       ///< a submenu that is not can't be opened
+};
+
+std::span<const MenuDescription> menuTree();
 
 /// A straight line of a drawing, in twips of its tab's own space, y growing downwards.
 struct DrawnLine {
@@ -26,11 +89,12 @@ struct DrawnLine {
   bool marker = false;  ///< red and dotted
 };
 
-/// A label in a drawing: the place of its left edge and top, in the same twips.
+/// A label in a drawing, with an entry among the controls: the place of its left edge and top, in
+/// the same twips.
 struct DrawnLabel {
   std::string_view name;
+  int index;
   int x, y;
-  bool enabled = true;
 };
 
 /// The timing diagram on the tab "Motor Setup", with the heads of the grid's columns.

@@ -13,6 +13,9 @@ struct OpenResult {
   platform::Failure failure = platform::Failure::None;
   int records = 0;   ///< records applied, up to pwmRecords
   int adjusted = 0;  ///< of those, records with a value outside their field's range
+
+  /// Whether the Setup is now the one in the file.
+  bool complete() const { return failure == platform::Failure::None && adjusted == 0; }
 };
 
 /// Saves and opens Setup files. All that the fields refer to must outlive the object.

@@ -16,10 +16,6 @@ SetupPanel::SetupPanel()
     FolLe[i].Value = value;
     box(i).Text = decimalText(value);
   }
-  for (int axis = 0; axis < 3; ++axis) {
-    Csucsf[axis].Caption = "Csucsf";
-    Nhatar[axis].Caption = "Nhatar";
-  }
   Label15.Visible = false;
   Verz.Visible = false;
 }

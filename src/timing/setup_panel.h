@@ -8,7 +8,8 @@
 
 namespace monitra::timing {
 
-/// The controls that hold and show the Setup, with the values of the window description.
+/// The controls that hold and show the Setup, with the values and states of the window description;
+/// its captions they get from there.
 /// A field's spin value and text are separate data; each reader takes the one that it names.
 struct SetupPanel {
   template <int First>
@@ -40,9 +41,9 @@ struct SetupPanel {
   controls::IndexedArray<TimingBox, 6, 3> T2;
   controls::IndexedArray<TimingBox, 9, 3> T3;
 
-  controls::Label Xttarto{"Label7"};
-  controls::Label Yttarto{"Label7"};
-  controls::Label Zttarto{"Label7"};
+  controls::Label Xttarto;
+  controls::Label Yttarto;
+  controls::Label Zttarto;
   Labels Csucsf;
   Labels Nhatar;
 
@@ -50,16 +51,16 @@ struct SetupPanel {
   controls::TextBox Ut{"1000"};
   controls::SpinButton Utfolle{1, 65535, 1000};
   controls::TextBox Spm{"0.0125"};
-  controls::Label Uthossz{"1"};
+  controls::Label Uthossz;
   controls::TextBox Tures{"1"};
   controls::SpinButton Turesfolle{0, 255, 1};
-  controls::CheckBox Xegesz{"X - egész léptetés"};
-  controls::CheckBox Yegesz{"Y - egész léptetés"};
-  controls::CheckBox Zegesz{"Z - egész léptetés"};
+  controls::CheckBox Xegesz;
+  controls::CheckBox Yegesz;
+  controls::CheckBox Zegesz;
 
-  controls::Label Label15{"Firmware verzió:"};
-  controls::Label Verz{"???"};
-  controls::Label Vegallas{"Végállások állapota: üres"};
+  controls::Label Label15;
+  controls::Label Verz;
+  controls::Label Vegallas;
 
   /// The edition in force is the checked one of these two entries.
   controls::MenuEntry MBKVilor{true};
@@ -67,8 +68,8 @@ struct SetupPanel {
   /// The checked one tells whether the holding frequency stays while the duty moves.
   controls::MenuEntry MBTallando{true};
   controls::MenuEntry MBTValtozo;
-  controls::Label Cim{"Gerjesztés: Hibrid PWM (10 kHz)"};
-  controls::Label lepes{" Vilor Firmware: egészlépés "};
+  controls::Label Cim;
+  controls::Label lepes;
   controls::Line LineVilor1;
   controls::Line LineVilor2;
   controls::Line LineVilor3;

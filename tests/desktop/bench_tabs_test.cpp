@@ -176,7 +176,47 @@ TEST_F(BenchTabs, AHeldJogButtonComesUpWhateverInterruptsIt) {
   }
 }
 
-TEST_F(BenchTabs, AJogButtonLooksHeldWhileItIsAndNoKeyHoldsIt) {
+TEST_F(BenchTabs, TheSpaceBarHoldsAJogButtonOnlyWhileItRepeats) {
+  showTab(1);
+  startGenerator();
+  auto* const jog = find<JogButton>("Mozg(2)");
+  jog->setFocus();
+  const auto key = [jog](QEvent::Type type, int code, bool repeated) {
+    QKeyEvent event(type, code, Qt::NoModifier, {}, repeated);
+    QApplication::sendEvent(jog, &event);
+  };
+  const auto press = [&key](bool repeated) { key(QEvent::KeyPress, Qt::Key_Space, repeated); };
+  press(false);
+  EXPECT_TRUE(held());
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !held(); })) << "a release that never comes";
+  press(true);
+  key(QEvent::KeyRelease, Qt::Key_Space, true);
+  EXPECT_TRUE(held()) << "the keyboard repeats a key as presses and releases";
+  key(QEvent::KeyRelease, Qt::Key_Space, false);
+  EXPECT_FALSE(held());
+  for (const auto& [code, modifier] :
+       {std::pair(Qt::Key_Escape, Qt::NoModifier), std::pair(Qt::Key_Space, Qt::ControlModifier)}) {
+    press(false);
+    QTest::keyClick(jog, code, modifier);
+    EXPECT_FALSE(held());
+  }
+  const QPoint middle = jog->rect().center();
+  QTest::mousePress(jog, Qt::LeftButton, {}, middle);
+  press(false);
+  EXPECT_FALSE(held()) << "any key lets go what the mouse holds";
+  QTest::mouseRelease(jog, Qt::LeftButton, {}, middle);
+  press(false);
+  QTest::mousePress(jog, Qt::LeftButton, {}, middle);
+  QTest::qWait(2 * JogButton::keyMilliseconds);
+  EXPECT_TRUE(held()) << "what the mouse holds doesn't come up by itself";
+  key(QEvent::KeyRelease, Qt::Key_Space, false);
+  EXPECT_TRUE(held());
+  lap.jog.Impulzus.click();
+  press(false);
+  EXPECT_FALSE(held()) << "disabled";
+}
+
+TEST_F(BenchTabs, AJogButtonLooksHeldWhileItIs) {
   class Paints : public QObject {
    public:
     bool eventFilter(QObject* /*watched*/, QEvent* event) override {
@@ -188,12 +228,12 @@ TEST_F(BenchTabs, AJogButtonLooksHeldWhileItIsAndNoKeyHoldsIt) {
   showTab(1);
   startGenerator();
   auto* const jog = find<JogButton>("Mozg(2)");
-  jog->setFocus();
-  QTest::keyPress(jog, Qt::Key_Space);
-  EXPECT_FALSE(held());
-  QApplication::processEvents();
   const auto look = [jog] { return jog->grab().toImage(); };
+  const QImage unfocused = look();
+  jog->setFocus();
+  QApplication::processEvents();
   const QImage up = look();
+  EXPECT_NE(up, unfocused);
   jog->installEventFilter(&paints);
   lap.jog.Mozg[2].press();
   QApplication::processEvents();
@@ -339,7 +379,8 @@ TEST_F(BenchTabs, EachMotorsFrameNamesItsLinesFromTopToBottom) {
 
 TEST(LedBar, FillsFromItsFootAndChangesColourAtItsLimits) {
   controls::LedMeter meter;
-  LedBar bar(meter);
+  LedBar bar;
+  bar.follow(meter);
   bar.resize(20, 246);
   const auto lit = [&bar](int percent) {
     const QColor colour = bar.grab().toImage().pixelColor(10, 242 - percent * 240 / 100);

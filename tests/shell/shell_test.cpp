@@ -133,8 +133,84 @@ TEST_F(Shell, StatusLineTellsWhatNoBoxDoes) {
   lap.MFSetNyit.click();
   EXPECT_EQ(lap.Esemeny.Caption.get(), "");
   lap.Esemeny.Caption = "régi";
+  box.answers = {BoxAnswer::No};
   lap.setup.Letolt.click();
   EXPECT_EQ(lap.Esemeny.Caption.get(), "") << "an upload begins with a clean line";
+}
+
+TEST_F(Shell, AnUploadTellsItsTimeAndItsLongestPauseAndWhereNothingWentOut) {
+  lap.Form_Load();
+  // Between two edges are up to two waits: the data line keeps its level for equal bits.
+  registers.late = std::chrono::microseconds(33);
+  lap.setup.Letolt.click();
+  EXPECT_EQ(lap.Esemeny.Caption.get(),
+            "Kiküldve 495.8 ms alatt, a leghosszabb szünet két él között 2.1 ms volt. A vezérlő "
+            "nem válaszol.");
+  portInUse = false;
+  lap.setup.Letolt.click();
+  EXPECT_EQ(lap.Esemeny.Caption.get(), "Nem ment ki semmi, mert nincs elérhető nyomtatóport.");
+}
+
+TEST_F(Shell, TwoMarksTellThatTheSetupHasChangedSinceItWasSavedAndSent) {
+  int views = 0;
+  lap.Form_Load();
+  lap.marks.observe([&views] { ++views; });
+  const auto marks = [this] { return lap.marks.savedMark() + "|" + lap.marks.sentMark(); };
+  const auto open = [this](const std::string& bytes) {
+    dialog.path = scratch.write("a.pwm", bytes);
+    lap.MFSetNyit.click();
+  };
+  const std::string unsaved = "Mentés óta módosult", unsent = "Feltöltés óta módosult";
+  EXPECT_EQ(marks(), "|Még nincs feltöltve");
+  portInUse = false;
+  lap.setup.Letolt.click();
+  EXPECT_EQ(marks(), "|Még nincs feltöltve") << "nothing has gone out";
+  portInUse = true;
+  lap.setup.Letolt.click();
+  EXPECT_EQ(marks(), "|");
+  dialog.path = scratch.path("b.pwm");
+  lap.MFSetMent.click();
+  const std::string file = scratch.read("b.pwm");
+  // What each change does to the marks; all but the path per step are part of both.
+  const std::pair<std::function<void()>, std::string> changes[] = {
+      {[this] { lap.setup.FolLe[11].pressUp(); }, unsaved + "|" + unsent},
+      {[this] { lap.setup.FolLe[11].pressDown(); }, "|"},
+      {[this] { lap.setup.Funkcio.select(3); }, unsaved + "|" + unsent},
+      {[this] { lap.MFSetMent.click(); }, "|" + unsent},
+      {[this] { lap.setup.Spm.type("0.01"); }, "|" + unsent},
+      {[this] { lap.setup.Letolt.click(); }, "|"},
+      {[this] { lap.setup.Ut.type("1000.5"); }, unsaved + "|"},
+      {[this] { lap.setup.Tures.type("2"); }, unsaved + "|" + unsent},
+      {[&] { open(file); }, "|" + unsent},
+      {[this] { lap.setup.Xegesz.click(); }, unsaved + "|" + unsent},
+      {[&] { dialog.path.reset(), lap.MFSetMent.click(); }, unsaved + "|" + unsent},
+      {[&] { dialog.path = scratch.path("nincs.pwm"), lap.MFSetNyit.click(); },
+       unsaved + "|" + unsent},
+      {[&] { open(file); }, "|" + unsent},
+      {[&] { open("300\r\n" + file.substr(file.find('\n') + 1)); }, unsaved + "|" + unsent},
+      {[&] { open(file); }, "|" + unsent},
+      {[&] { open("91\r\n"); }, unsaved + "|" + unsent}};
+  int n = 0;
+  for (const auto& [change, expected] : changes) {
+    change();
+    EXPECT_EQ(marks(), expected) << "change " << n++;
+  }
+  views = 0;
+  lap.setup.Yegesz.click();
+  EXPECT_EQ(views, 1);
+}
+
+TEST_F(Shell, TheAboutBoxShowsTheVersionAndChangesNothing) {
+  lap.Form_Load();
+  const std::string title = lap.form.Caption;
+  journal.clear();
+  lap.Nev.click();
+  EXPECT_EQ(journal,
+            Journal{"box 64: Tarso1 CNC Vezérlő, Monitra program, integrált bújtatott soros "
+                    "adatátvitellel.\r\nVerzió:  2 . 2 . 0\r\n2026, a Monitra fejlesztői, "
+                    "www.monitra.example\r\nA kapcsolási rajzért és a részletekért kérem látogassa "
+                    "meg weblapomat."});
+  EXPECT_EQ(lap.form.Caption.get(), title);
 }
 
 TEST_F(Shell, ADroppedFileAnswersTheDialogOnce) {

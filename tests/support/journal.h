@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdio>
 #include <deque>
 #include <functional>
@@ -40,8 +41,14 @@ class JournalPort : public platform::PortRegisters, public platform::Sleeper {
     journal_.push_back("w" + hex(address) + "=" + hex(value));
     values[address] = value;
   }
-  void Sleep(int milliseconds) override { journal_.push_back("z" + std::to_string(milliseconds)); }
+  void Sleep(int milliseconds) override {
+    journal_.push_back("z" + std::to_string(milliseconds));
+    time += std::chrono::milliseconds(milliseconds) + late;
+  }
+  std::chrono::nanoseconds now() const override { return time; }
 
+  std::chrono::nanoseconds time{};
+  std::chrono::nanoseconds late{};  ///< by this much every wait takes longer than asked
   std::map<std::int32_t, std::uint8_t> values;
 
  private:

@@ -18,6 +18,7 @@ struct Program {
   JournalDialog dialog{journal};
   JournalSettings settings{journal};
   FaultyFiles files;
+  bool portInUse = true;
   host::Windows1250 codePage;
   platform::ProgramIdentity identity{"Monitra Setup", scratch.path(), "Monitra Setup", 2, 2, 0};
   shell::Outside outside{registers,
@@ -28,6 +29,7 @@ struct Program {
                          codePage,
                          settings,
                          identity,
+                         [this] { return portInUse; },
                          [this] { journal.emplace_back("beep"); },
                          [this] { journal.emplace_back("end"); }};
   shell::Lap lap{outside};

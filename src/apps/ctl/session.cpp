@@ -57,8 +57,8 @@ Session::Session(const Overrides& overrides, platform::PortRegisters& registers,
       preferences_(settings::userSettingsFolder()),
       settings_(preferences_, overrides.lptIndex, overrides.pcb),
       boxes(std::move(answer)),
-      lap({registers, sleeper, boxes, dialog_, files_, codePage_, settings_, program_, [] {},
-           [] { std::_Exit(done); }}) {
+      lap({registers, sleeper, boxes, dialog_, files_, codePage_, settings_, program_,
+           [] { return true; }, [] {}, [] { std::_Exit(done); }}) {
   lap.Form_Load();
   if (preferences_.isDamaged(program_.EXEName))
     std::cerr << shell::damagedPreferencesText() << '\n';

@@ -146,7 +146,7 @@ ExitCode upload(const UploadOptions& options) {
   printPort(session.lap);
   const std::size_t before = recorder.events().size();
   bool sent = false;
-  session.lap.upload().sent.handle([&sent] { sent = true; });
+  session.lap.uploaded.handle([&sent] { sent = true; });
   port.received = [](std::int32_t, const ports::VirtualController& controller,
                      const ports::Received& message) { printReceived(controller, message); };
   session.lap.setup.Letolt.click();

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+#include <QSvgRenderer>
+#include <QWidget>
+
+namespace monitra::desktop {
+
+/// A drawing from the program's resources, as sharp as the screen allows at every scale.
+class Picture : public QWidget {
+ public:
+  void show(const QString& file, QSize size);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QSvgRenderer drawing_;
+};
+
+}  // namespace monitra::desktop

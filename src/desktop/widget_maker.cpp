@@ -1,0 +1,186 @@
+#include "desktop/widget_maker.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <type_traits>
+#include <variant>
+
+#include "desktop/bindings.h"
+#include "desktop/jog_button.h"
+#include "desktop/led_bar.h"
+#include "desktop/picture.h"
+#include "desktop/spin_arrows.h"
+#include "desktop/status_line.h"
+#include "desktop/text.h"
+#include "shell/window_controls.h"
+
+namespace monitra::desktop {
+
+namespace {
+
+using shell::ControlDescription;
+using shell::Kind;
+using shell::State;
+
+QLabel* boxedLabel() {
+  auto* const label = new QLabel;
+  label->setFrameShape(QFrame::StyledPanel);
+  label->setFrameShadow(QFrame::Sunken);
+  label->setAlignment(Qt::AlignCenter);
+  label->setContentsMargins(label->contentsMargins() + QMargins(4, 0, 4, 0));
+  return label;
+}
+
+QWidget* newWidget(Kind kind) {
+  switch (kind) {
+    case Kind::Label:
+      return new QLabel;
+    case Kind::BoxedLabel:
+      return boxedLabel();
+    case Kind::StatusLine:
+      return new StatusLine;
+    case Kind::Picture:
+      return new Picture;
+    case Kind::Frame:
+      return new QGroupBox;
+    case Kind::Instrument:
+    case Kind::TextBox:
+      return new QLineEdit;
+    case Kind::TextArea:
+      return new QPlainTextEdit;
+    case Kind::SpinButton:
+      return new SpinArrows;
+    case Kind::CheckBox:
+      return new QCheckBox;
+    case Kind::PushButton:
+    case Kind::ToggleButton:
+      return new QPushButton;
+    case Kind::HoldButton:
+      return new JogButton;
+    case Kind::OptionButton:
+      return new QRadioButton;
+    case Kind::DropDownList:
+      return new QComboBox;
+    case Kind::ListBox:
+      return new QListWidget;
+    case Kind::ProgressBar:
+      return new QProgressBar;
+    case Kind::LedMeter:
+      return new LedBar;
+    case Kind::TabStrip:
+      return new QTabWidget;
+  }
+  Q_UNREACHABLE();
+}
+
+/// Binds a widget to a control if there is a binding for the two.
+template <class Widget, class Control>
+bool bindIf(QWidget* widget, Control& control) {
+  auto* const fitting = dynamic_cast<Widget*>(widget);
+  if (fitting != nullptr) bind(fitting, control);
+  return fitting != nullptr;
+}
+
+struct Binder {
+  QWidget* widget;
+
+  void operator()(std::monostate /*none*/) const {}
+  void operator()(controls::Label* control) const { bindIf<QLabel>(widget, *control); }
+  void operator()(controls::TextBox* control) const {
+    bindIf<QLineEdit>(widget, *control) || bindIf<QPlainTextEdit>(widget, *control);
+  }
+  void operator()(controls::SpinButton* control) const { bindIf<SpinArrows>(widget, *control); }
+  void operator()(controls::CheckBox* control) const { bindIf<QCheckBox>(widget, *control); }
+  void operator()(controls::PushButton* control) const { bindIf<QPushButton>(widget, *control); }
+  void operator()(controls::ToggleButton* control) const { bindIf<QPushButton>(widget, *control); }
+  void operator()(controls::HoldButton* control) const { bindIf<JogButton>(widget, *control); }
+  void operator()(controls::OptionButton* control) const { bindIf<QRadioButton>(widget, *control); }
+  void operator()(controls::PickList* control) const {
+    bindIf<QComboBox>(widget, *control) || bindIf<QListWidget>(widget, *control);
+  }
+  void operator()(controls::ProgressBar* control) const { bindIf<QProgressBar>(widget, *control); }
+  void operator()(controls::LedMeter* control) const { bindIf<LedBar>(widget, *control); }
+  void operator()(controls::Frame* control) const { bindIf<QGroupBox>(widget, *control); }
+  void operator()(controls::TabStrip* control) const { bindIf<QTabWidget>(widget, *control); }
+  void operator()(controls::Line* /*drawn*/) const {}
+  void operator()(controls::MenuEntry* /*in a menu*/) const {}
+};
+
+void giveCaption(QWidget* widget, const ControlDescription& entry) {
+  if (entry.caption.empty()) return;
+  if (auto* const label = qobject_cast<QLabel*>(widget)) {
+    // Without a mnemonic a label shows its text as it stands.
+    label->setText(entry.buddy.empty() ? toQt(entry.caption)
+                                       : withMnemonic(entry.caption, entry.mnemonic));
+  } else if (auto* const button = qobject_cast<QAbstractButton*>(widget)) {
+    button->setText(withMnemonic(entry.caption, entry.mnemonic));
+  } else if (auto* const frame = qobject_cast<QGroupBox*>(widget)) {
+    frame->setTitle(withMnemonic(entry.caption, entry.mnemonic));
+  }
+}
+
+/// A label that shows a value is called by its name and by what it shows.
+void nameForScreenReader(QWidget* widget, const ControlDescription& entry, int index,
+                         const shell::AnyControl& control) {
+  widget->setAccessibleDescription(toQt(entry.hint.empty() ? entry.tooltip : entry.hint));
+  const QString name = toQt(shell::spokenName(entry, index)).trimmed();
+  auto* const* const shown = std::get_if<controls::Label*>(&control);
+  if (shown == nullptr) {
+    widget->setAccessibleName(name);
+    return;
+  }
+  const auto rename = [widget, name, label = *shown, headed = !entry.spoken.empty()] {
+    const QString text = toQt(label->Caption.get()).trimmed();
+    widget->setAccessibleName(headed && !text.isEmpty() ? name + QStringLiteral(": ") + text
+                                                        : text);
+  };
+  rename();
+  (*shown)->Caption.observe(rename);
+}
+
+}  // namespace
+
+QWidget* WidgetMaker::makeWidget(std::string_view name, int index) const {
+  const ControlDescription& entry = shell::describedControl(name, index);
+  QWidget* const widget = newWidget(entry.kind);
+  widget->setObjectName(objectName(name, index));
+  widget->setToolTip(toQt(entry.tooltip));
+  if (entry.state == State::Disabled) widget->setEnabled(false);
+  if (entry.state == State::Hidden) widget->hide();
+  const shell::AnyControl control = shell::controlOf(lap_, name, index);
+  if (auto* const label = qobject_cast<QLabel*>(widget)) label->setTextFormat(Qt::PlainText);
+  std::visit(Binder{widget}, control);
+  if (!std::holds_alternative<controls::Label*>(control)) giveCaption(widget, entry);
+  nameForScreenReader(widget, entry, index, control);
+  return widget;
+}
+
+QString withMnemonic(std::string_view caption, char mnemonic) {
+  QString text = toQt(caption);
+  text.replace(QLatin1Char('&'), QLatin1String("&&"));
+  if (mnemonic != 0) text.insert(text.indexOf(QLatin1Char(mnemonic)), QLatin1Char('&'));
+  return text;
+}
+
+QString objectName(std::string_view name, int index) {
+  return index < 0 ? toQt(name) : QStringLiteral("%1(%2)").arg(toQt(name)).arg(index);
+}
+
+void joinBuddies(const QWidget& window) {
+  for (const ControlDescription& entry : shell::windowControls()) {
+    if (entry.buddy.empty()) continue;
+    auto* const label = window.findChild<QLabel*>(toQt(entry.name));
+    label->setBuddy(window.findChild<QWidget*>(toQt(entry.buddy)));
+  }
+}
+
+}  // namespace monitra::desktop

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "link/upload.h"
+#include "timing/kozos.h"
+#include "timing/setup_panel.h"
+
+namespace monitra::shell {
+
+/// Whether the Setup in the window is still the one that was last saved, and the one last sent.
+/// Compared are the texts of a Setup file, and the bytes of the message. The arguments must outlive
+/// it, and not change after it.
+class SetupMarks {
+ public:
+  SetupMarks(timing::SetupPanel& panel, const timing::Kozos& kozos);
+  SetupMarks(const SetupMarks&) = delete;
+  SetupMarks& operator=(const SetupMarks&) = delete;
+
+  void saved();            ///< the present Setup is in a file, or there was none before it
+  void openedOtherwise();  ///< no file holds what came of opening one
+  void sent();             ///< the present Setup has gone out
+
+  /// Words for the mark that the Setup has changed; empty while it has not.
+  std::string savedMark() const;
+  std::string sentMark() const;
+
+  /// Adds a view that is told whenever a mark may have changed; it must live until the last change.
+  void observe(std::function<void()> view) { views_.push_back(std::move(view)); }
+
+ private:
+  void tell() const;
+
+  timing::SetupPanel& panel_;
+  const timing::Kozos& kozos_;
+  std::vector<std::function<void()>> views_;
+  std::optional<std::vector<std::string>> saved_;
+  std::optional<link::SetupMessage> sent_;
+};
+
+}  // namespace monitra::shell

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string_view>
+#include <variant>
+
+#include "controls/controls.h"
+#include "shell/lap.h"
+#include "shell/window_description.h"
+
+namespace monitra::shell {
+
+/// A control of the model; none for one of the window description that only shows its words.
+using AnyControl =
+    std::variant<std::monostate, controls::Label*, controls::TextBox*, controls::SpinButton*,
+                 controls::CheckBox*, controls::PushButton*, controls::HoldButton*,
+                 controls::ToggleButton*, controls::OptionButton*, controls::PickList*,
+                 controls::ProgressBar*, controls::LedMeter*, controls::Frame*, controls::Line*,
+                 controls::MenuEntry*, controls::TabStrip*>;
+
+/// The control of this name, or element of a control array, in the panels of the Lap, which must
+/// outlive it.
+AnyControl controlOf(Lap& lap, std::string_view name, int index = -1);
+
+/// Gives the labels and check boxes of the panels their captions of the window description.
+void giveCaptions(Lap& lap);
+
+}  // namespace monitra::shell
