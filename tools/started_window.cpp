@@ -1,0 +1,18 @@
+#include <QApplication>
+
+#include "apps/window_program.h"
+#include "first_frame.h"
+#include "ports/register_memory.h"
+
+/// The program as it is up to its first frame.
+int main(int argc, char** argv) {
+  monitra::ports::RegisterMemory noPort;
+  const auto watch = [](monitra::shell::Lap&) {
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+      if (window->isVisible()) new FirstFrame(window);
+    }
+  };
+  return monitra::apps::run(argc, argv,
+                            {"Monitra Setup", ":/pictures/monitra.svg",
+                             "Nincs elérhető nyomtatóport.", noPort, false, watch});
+}
