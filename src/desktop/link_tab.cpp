@@ -129,6 +129,7 @@ QWidget* LinkTab::warning() {
   auto* const column = new QVBoxLayout(frame);
   QLabel* const words = bold(widgets_.make<QLabel>("Figy2"));
   words->setWordWrap(true);
+  words->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   words->setAlignment(Qt::AlignCenter);
   QPalette colours = words->palette();
   for (const auto group : {QPalette::Active, QPalette::Inactive}) {

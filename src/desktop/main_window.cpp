@@ -10,8 +10,10 @@
 #include <QScreen>
 #include <QSignalBlocker>
 #include <QTabWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <span>
+#include <utility>
 #include <variant>
 
 #include "desktop/bindings.h"
@@ -61,14 +63,15 @@ MainWindow::MainWindow(shell::Lap& lap) : lap_(lap) {
                  Qt::WindowCloseButtonHint);
   setAcceptDrops(true);
   addMenus();
-  const WidgetMaker widgets(lap_);
 
   auto* content = new QWidget;
   auto* rows = new QVBoxLayout(content);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(4);
-  rows->addWidget(addTabs(widgets), 1);
-  rows->addWidget(new Footer(widgets));
+  tabs_ = addTabs();
+  fill<SetupTab>(0);
+  rows->addWidget(tabs_, 1);
+  rows->addWidget(new Footer(widgets_));
   const double pixelsPerTwip = logicalDpiX() / 1440.0;
   content->setMinimumSize(qRound(shell::clientWidth * pixelsPerTwip),
                           qRound(shell::clientHeight * pixelsPerTwip));
@@ -99,16 +102,35 @@ void MainWindow::addMenus() {
   }
 }
 
-QTabWidget* MainWindow::addTabs(const WidgetMaker& widgets) {
-  auto* const tabs = widgets.make<QTabWidget>("SSTab1");
-  QWidget* const pages[] = {new SetupTab(widgets), new TestTab(widgets), new LinkTab(widgets),
-                            new InfoTab(widgets)};
+QTabWidget* MainWindow::addTabs() {
+  auto* const tabs = widgets_.make<QTabWidget>("SSTab1");
   const QSignalBlocker whileFilling(tabs);
-  int at = 0;
   for (const shell::TabDescription& tab : shell::tabs()) {
-    tabs->addTab(pages[at++], withMnemonic(tab.caption, tab.mnemonic));
+    auto* const page = new QWidget;
+    (new QVBoxLayout(page))->setContentsMargins(0, 0, 0, 0);
+    tabs->addTab(page, withMnemonic(tab.caption, tab.mnemonic));
   }
   return tabs;
+}
+
+template <class Tab>
+void MainWindow::fill(int page) {
+  tabs_->widget(page)->layout()->addWidget(new Tab(widgets_));
+}
+
+void MainWindow::complete() {
+  if (std::exchange(complete_, true)) return;
+  fill<TestTab>(1);
+  fill<LinkTab>(2);
+  fill<InfoTab>(3);
+  joinBuddies(*this);
+}
+
+bool MainWindow::event(QEvent* event) {
+  if (event->type() == QEvent::Paint && !complete_) {
+    QTimer::singleShot(0, this, [this] { complete(); });
+  }
+  return QMainWindow::event(event);
 }
 
 void MainWindow::showCentred() {

@@ -179,7 +179,7 @@ void joinBuddies(const QWidget& window) {
   for (const ControlDescription& entry : shell::windowControls()) {
     if (entry.buddy.empty()) continue;
     auto* const label = window.findChild<QLabel*>(toQt(entry.name));
-    label->setBuddy(window.findChild<QWidget*>(toQt(entry.buddy)));
+    if (label != nullptr) label->setBuddy(window.findChild<QWidget*>(toQt(entry.buddy)));
   }
 }
 

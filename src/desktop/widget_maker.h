@@ -39,7 +39,8 @@ QString withMnemonic(std::string_view caption, char mnemonic);
 /// "name" or "name(index)", which is what the widget of a control is called.
 QString objectName(std::string_view name, int index);
 
-/// Puts the widgets that the labels head beside them, for the keyboard and for a screen reader.
+/// Joins the labels that are there to the widgets that they head, for the keyboard and for a screen
+/// reader.
 void joinBuddies(const QWidget& window);
 
 }  // namespace monitra::desktop
