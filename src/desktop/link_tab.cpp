@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 
 #include "bench/phase_panel.h"
 #include "desktop/picture.h"
@@ -65,7 +66,14 @@ QWidget* LinkTab::phaseFrame(int motor) {
   column->addWidget(drawing);
   column->addWidget(widgets_.make("Label26", motor));
   for (int row = 0; row < bench::phaseRows; ++row) {
-    column->addWidget(widgets_.make("L", bench::phaseIndex(motor, row)));
+    auto* const option = widgets_.make<QRadioButton>("L", bench::phaseIndex(motor, row));
+    // The tab key leads to the selected one of the group, also where code has selected it.
+    const auto lead = [option](bool selected) {
+      option->setFocusPolicy(selected ? Qt::StrongFocus : Qt::ClickFocus);
+    };
+    lead(option->isChecked());
+    connect(option, &QRadioButton::toggled, option, lead);
+    column->addWidget(option);
   }
   column->addStretch();
   column->addWidget(widgets_.make("Leptet", motor));
@@ -128,8 +136,11 @@ QWidget* LinkTab::warning() {
   auto* const frame = widgets_.make<QGroupBox>("Figy");
   auto* const column = new QVBoxLayout(frame);
   QLabel* const words = bold(widgets_.make<QLabel>("Figy2"));
+  constexpr int air = 4;
   words->setWordWrap(true);
-  words->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  // Three lines are enough at every width that the window can have.
+  words->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  words->setFixedHeight(3 * words->fontMetrics().lineSpacing() + air);
   words->setAlignment(Qt::AlignCenter);
   QPalette colours = words->palette();
   for (const auto group : {QPalette::Active, QPalette::Inactive}) {

@@ -140,8 +140,8 @@ void nameForScreenReader(QWidget* widget, const ControlDescription& entry, int i
   }
   const auto rename = [widget, name, label = *shown, headed = !entry.spoken.empty()] {
     const QString text = toQt(label->Caption.get()).trimmed();
-    widget->setAccessibleName(headed && !text.isEmpty() ? name + QStringLiteral(": ") + text
-                                                        : text);
+    const QString head = headed ? name + QStringLiteral(": ") : QString();
+    widget->setAccessibleName(text.isEmpty() ? name : head + text);
   };
   rename();
   (*shown)->Caption.observe(rename);

@@ -20,6 +20,7 @@
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
+#include "desktop/accessibility.h"
 #include "desktop/end_watch.h"
 #include "desktop/qt_file_dialog.h"
 #include "desktop/qt_message_box.h"
@@ -325,5 +326,6 @@ int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   const QApplication application(argc, argv);
   QApplication::setStyle(QStringLiteral("Fusion"));
+  monitra::desktop::installAccessibility();
   return RUN_ALL_TESTS();
 }

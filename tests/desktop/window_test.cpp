@@ -1,0 +1,387 @@
+#include "support/window.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QToolButton>
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <map>
+#include <set>
+
+#include "desktop/jog_button.h"
+#include "desktop/led_bar.h"
+#include "desktop/picture.h"
+#include "desktop/spin_arrows.h"
+#include "desktop/status_line.h"
+#include "desktop/text.h"
+#include "desktop/widget_maker.h"
+#include "shell/window_description.h"
+
+namespace monitra::desktop {
+namespace {
+
+using shell::ControlDescription;
+using shell::Kind;
+using shell::State;
+
+/// What a widget shows in the place of its caption, without the mark of its mnemonic.
+std::string shownCaption(const QWidget* widget) {
+  QString text;
+  if (const auto* const label = qobject_cast<const QLabel*>(widget)) {
+    text = label->text();
+    if (label->buddy() == nullptr) return text.toStdString();
+  } else if (const auto* const button = qobject_cast<const QAbstractButton*>(widget)) {
+    text = button->text();
+  } else if (const auto* const frame = qobject_cast<const QGroupBox*>(widget)) {
+    text = frame->title();
+  } else if (const auto* const box = qobject_cast<const QLineEdit*>(widget)) {
+    return box->text().toStdString();
+  }
+  return text.replace("&&", "\1").remove('&').replace('\1', '&').toStdString();
+}
+
+bool isOfKind(QWidget* widget, Kind kind) {
+  const auto is = [widget](const char* type) { return widget->inherits(type); };
+  switch (kind) {
+    case Kind::Label:
+      return is("QLabel") && static_cast<QLabel*>(widget)->frameShape() == QFrame::NoFrame;
+    case Kind::BoxedLabel:
+      return is("QLabel") && static_cast<QLabel*>(widget)->frameShape() != QFrame::NoFrame;
+    case Kind::StatusLine:
+      return dynamic_cast<StatusLine*>(widget) != nullptr;
+    case Kind::Picture:
+      return dynamic_cast<Picture*>(widget) != nullptr;
+    case Kind::Frame:
+      return is("QGroupBox");
+    case Kind::Instrument:
+      return is("QLineEdit") && static_cast<QLineEdit*>(widget)->isReadOnly();
+    case Kind::TextBox:
+      return is("QLineEdit") && !static_cast<QLineEdit*>(widget)->isReadOnly();
+    case Kind::TextArea:
+      return is("QPlainTextEdit") && static_cast<QPlainTextEdit*>(widget)->isReadOnly();
+    case Kind::SpinButton:
+      return dynamic_cast<SpinArrows*>(widget) != nullptr;
+    case Kind::CheckBox:
+      return is("QCheckBox");
+    case Kind::PushButton:
+      return is("QPushButton") && !static_cast<QAbstractButton*>(widget)->isCheckable();
+    case Kind::ToggleButton:
+      return is("QPushButton") && static_cast<QAbstractButton*>(widget)->isCheckable();
+    case Kind::HoldButton:
+      return dynamic_cast<JogButton*>(widget) != nullptr;
+    case Kind::OptionButton:
+      return is("QRadioButton");
+    case Kind::DropDownList:
+      return is("QComboBox");
+    case Kind::ListBox:
+      return is("QListWidget");
+    case Kind::ProgressBar:
+      return is("QProgressBar");
+    case Kind::LedMeter:
+      return dynamic_cast<LedBar*>(widget) != nullptr;
+    case Kind::TabStrip:
+      return is("QTabWidget");
+  }
+  return false;
+}
+
+/// Whether the user can do something with it; what only stands there may speak for itself.
+bool isOperated(Kind kind) {
+  return kind != Kind::Label && kind != Kind::BoxedLabel && kind != Kind::Frame &&
+         kind != Kind::Picture && kind != Kind::TabStrip;
+}
+
+/// The window ahead of the start-up, as it is described.
+struct DesignedWindow : testing::Test, support::Program {
+  DesignedWindow() {
+    window.showCentred();
+    window.complete();
+  }
+  MainWindow window{lap};
+};
+
+TEST_F(DesignedWindow, HasEveryDescribedControlOnceAndNoOther) {
+  std::set<QString> described;
+  for (const ControlDescription& entry : shell::windowControls()) {
+    for (int n = 0; n < std::max(entry.elements.count, 1); ++n) {
+      const int index = entry.elements.first + n;
+      const QString name = objectName(entry.name, index);
+      SCOPED_TRACE(name.toStdString());
+      EXPECT_TRUE(described.insert(name).second);
+      const auto found = window.findChildren<QWidget*>(name);
+      ASSERT_EQ(found.size(), 1);
+      QWidget* const widget = found.front();
+      EXPECT_TRUE(isOfKind(widget, entry.kind));
+      if (!entry.caption.empty()) {
+        EXPECT_EQ(shownCaption(widget), entry.caption);
+      }
+      EXPECT_EQ(widget->toolTip().toStdString(), entry.tooltip);
+      EXPECT_EQ(widget->isEnabled(), entry.state != State::Disabled);
+      EXPECT_EQ(widget->isVisibleTo(widget->parentWidget()), entry.state != State::Hidden);
+      if (const auto* const button = qobject_cast<QAbstractButton*>(widget)) {
+        EXPECT_EQ(button->isChecked(), entry.state == State::Selected);
+      }
+    }
+  }
+  for (const QWidget* const widget : window.findChildren<QWidget*>()) {
+    const QString name = widget->objectName();
+    const bool ofTheToolkit = name.isEmpty() || name.startsWith("qt_") || name.startsWith("Scroll");
+    if (qobject_cast<const QMenu*>(widget) != nullptr || ofTheToolkit) continue;
+    EXPECT_EQ(described.count(name), 1U) << name.toStdString();
+  }
+}
+
+TEST_F(DesignedWindow, TellsAScreenReaderWhatEachControlIsCalled) {
+  lap.Form_Load();
+  lap.PortAllapot.Caption = "Nincs port.";
+  std::map<std::string, std::string> names;
+  for (const ControlDescription& entry : shell::windowControls()) {
+    for (int n = 0; n < std::max(entry.elements.count, 1); ++n) {
+      const int index = entry.elements.first + n;
+      auto* const widget = window.findChild<QWidget*>(objectName(entry.name, index));
+      const QAccessibleInterface* const access = QAccessible::queryAccessibleInterface(widget);
+      const std::string name = access->text(QAccessible::Name).toStdString();
+      SCOPED_TRACE(widget->objectName().toStdString() + " " + name);
+      EXPECT_FALSE(name.empty());
+      if (!isOperated(entry.kind)) continue;
+      EXPECT_FALSE(access->text(QAccessible::Description).isEmpty());
+      EXPECT_TRUE(names.emplace(name, widget->objectName().toStdString()).second) << names[name];
+    }
+  }
+  EXPECT_EQ(names["TF X"] + " " + names["T3 Z nyilai"] + " " + names["Z motor, léptetés"],
+            "TF(0) FolLe(11) Leptet(2)");
+  EXPECT_EQ(names["A port állapota: Nincs port."], "PortAllapot");
+}
+
+/// The tree as it can be walked, a line for each entry: level, name, caption, and in brackets what
+/// is off or checked.
+void describeMenu(const QList<QAction*>& actions, int level, std::vector<std::string>& lines) {
+  for (const QAction* const action : actions) {
+    const QObject* const named =
+        action->menu() != nullptr ? static_cast<const QObject*>(action->menu()) : action;
+    std::string line = std::to_string(level) + " " + named->objectName().toStdString() + " ";
+    line += action->isSeparator() ? "-" : action->text().toStdString();
+    if (!action->isEnabled()) line += " [off]";
+    if (action->isCheckable()) line += action->isChecked() ? " [x]" : " [ ]";
+    EXPECT_TRUE(action->shortcut().isEmpty());
+    lines.push_back(line);
+    if (action->menu() != nullptr) describeMenu(action->menu()->actions(), level + 1, lines);
+  }
+}
+
+TEST_F(DesignedWindow, HasTheMenuTree) {
+  std::vector<std::string> lines;
+  describeMenu(window.menuBar()->actions(), 1, lines);
+  EXPECT_EQ(
+      lines,
+      (std::vector<std::string>{
+          "1 MF Fájl", "2 MFSetNyit Setup Megnyitás", "2 MFSetMent Setup Mentés", "2 MFv -",
+          "2 MFkilepes Kilépés", "1 MB Beállítás", "2 MBKat Firmware Kategória [off]",
+          "3 MBKVilor Vilor [off] [x]", "3 MBKTarso Tarso [off] [ ]", "2 MBT Tartóági frekvencia",
+          "3 MBTallando Állandó [x]", "3 MBTValtozo Változó [ ]", "2 Mkom Kommunikáció módja",
+          "3 Mpcb32 PCB V3.2 [ ]", "3 Mpcb40 PCB V4.x [x]", "1 Msug Súgó", "2 Nev Névjegy"}));
+  lap.Form_Load();
+  lines.clear();
+  describeMenu(window.menuBar()->actions(), 1, lines);
+  EXPECT_EQ(lines[7], "3 MBKVilor Vilor [off] [ ]");
+  EXPECT_EQ(lines[8], "3 MBKTarso Tarso [off] [x]");
+  window.findChild<QAction*>("MBKVilor")->trigger();
+  EXPECT_TRUE(lap.setup.MBKTarso.Checked) << "can't be reached, by code of the toolkit neither";
+}
+
+struct TheWindow : support::Window {
+  void showTab(int tab) {
+    find<QTabWidget>("SSTab1")->setCurrentIndex(tab);
+    QApplication::processEvents();
+  }
+};
+
+/// By how many pixels the text of a widget doesn't fit, if it doesn't.
+int cutOff(const QWidget* widget) {
+  const QFontMetrics font = widget->fontMetrics();
+  if (const auto* const box = qobject_cast<const QLineEdit*>(widget)) {
+    constexpr int frame = 6;
+    return font.horizontalAdvance(box->text()) + frame - widget->width();
+  }
+  const auto* const label = qobject_cast<const QLabel*>(widget);
+  if (label != nullptr && label->wordWrap()) {
+    return label->heightForWidth(label->width()) - label->height();
+  }
+  if (dynamic_cast<const StatusLine*>(widget) != nullptr) return 0;
+  const bool hasText = label != nullptr || widget->inherits("QAbstractButton") ||
+                       widget->inherits("QGroupBox") || widget->inherits("QComboBox");
+  const QSize least = widget->minimumSizeHint();
+  return hasText ? std::max(least.width() - widget->width(), least.height() - widget->height()) : 0;
+}
+
+TEST_F(TheWindow, CutsNothingOffAndKeepsItsSizeAlsoWithLargerFonts) {
+  const QFont font = QApplication::font();
+  std::vector<std::unique_ptr<MainWindow>> windows;
+  for (const double factor : {1.0, 1.2}) {
+    QFont larger = font;
+    larger.setPointSizeF(font.pointSizeF() * factor);
+    QApplication::setFont(larger);
+    MainWindow& fresh = *windows.emplace_back(std::make_unique<MainWindow>(lap));
+    fresh.showCentred();
+    const QSize first = fresh.size();
+    fresh.complete();
+    // The values at their longest.
+    for (auto* const value : {&lap.setup.Csucsf[0], &lap.setup.Nhatar[1]}) {
+      value->Caption = "30303.0 S/s";
+    }
+    lap.setup.Xttarto.Caption = "15151.5 Hz (99.6%)";
+    lap.setup.Vegallas.Caption = "Végállások állapota: Záró";
+    lap.setup.Uthossz.Caption = "19660";
+    lap.load.Taptext.Text = " 166.6%";
+    for (int tab = 0; tab < 4; ++tab) {
+      lap.SSTab1.Tab = tab;
+      QApplication::processEvents();
+      EXPECT_EQ(fresh.size(), first) << "behind its first frame";
+      for (const QWidget* const widget : fresh.findChildren<QWidget*>()) {
+        if (!widget->isVisible() || widget->objectName().isEmpty()) continue;
+        EXPECT_LE(cutOff(widget), 0) << widget->objectName().toStdString() << " at " << factor;
+      }
+    }
+  }
+  QApplication::setFont(font);
+}
+
+TEST_F(TheWindow, TheTabKeyGoesAlongTheLinesOfEachTab) {
+  const auto path = [this](int tab) {
+    showTab(tab);
+    std::string names;
+    QWidget* const start = find<QTabWidget>("SSTab1")->tabBar();
+    start->setFocus();
+    for (;;) {
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+      const QWidget* const at = QApplication::focusWidget();
+      if (at == start || names.size() > 1000) return names;
+      names += at->objectName().toStdString() + " ";
+    }
+  };
+  EXPECT_EQ(path(0),
+            "FolLe(0) FolLe(3) FolLe(6) FolLe(9) FolLe(1) FolLe(4) FolLe(7) FolLe(10) FolLe(2) "
+            "FolLe(5) FolLe(8) FolLe(11) Funkcio Ut Utfolle Spm Tures Turesfolle Xegesz Yegesz "
+            "Zegesz Letolt ");
+  lap.jog.Impulzus.click();
+  EXPECT_EQ(path(2), "L(6) Leptet(0) L(7) Leptet(1) L(14) Leptet(2) TapFel TapStop TulH Teh200 ");
+  lap.phases.L[11].click();
+  EXPECT_EQ(path(2).substr(0, 32), "L(6) Leptet(0) L(11) Leptet(1) L");
+  EXPECT_EQ(path(3), "InfoT ");
+  showTab(1);
+  lap.jog.Seb.type("5000");
+  lap.jog.Impulzus.click();
+  find<QWidget>("Mozg(0)")->setFocus();
+  std::string names;
+  for (int n = 0; n < 12; ++n) {
+    names += QApplication::focusWidget()->objectName().toStdString() + " ";
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_EQ(names,
+            "Mozg(0) Mozg(1) Mozg(2) Mozg(3) Mozg(4) Mozg(5) Invert(0) Invert(1) Invert(2) "
+            "SpindleGomb Seb Impulzus ");
+}
+
+TEST_F(TheWindow, AMnemonicReachesItsFieldAndMovesNothingOnTheMachine) {
+  struct Case {
+    int tab;
+    Qt::Key key;
+    const char* reached;
+  };
+  for (const auto& [tab, key, reached] :
+       {Case{0, Qt::Key_S, "Funkcio"}, Case{0, Qt::Key_L, "Ut"}, Case{0, Qt::Key_E, "Spm"},
+        Case{0, Qt::Key_H, "Tures"}, Case{0, Qt::Key_X, "Xegesz"}, Case{1, Qt::Key_S, "Seb"},
+        Case{1, Qt::Key_L, "LPT"}, Case{1, Qt::Key_Y, "Invert(1)"}}) {
+    showTab(tab);
+    journal.clear();
+    QTest::keyClick(window.get(), key, Qt::AltModifier);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), QLatin1String(reached));
+    EXPECT_EQ(journal, support::Journal{});
+  }
+  const auto toggled = [this] { return lap.setup.Xegesz.Checked && lap.jog.Invert[1].Checked; };
+  EXPECT_TRUE(QTest::qWaitFor(toggled)) << "a button is pressed for a moment first";
+  for (const auto& [key, tab] : {std::pair(Qt::Key_T, 1), std::pair(Qt::Key_P, 2),
+                                 std::pair(Qt::Key_I, 3), std::pair(Qt::Key_M, 0)}) {
+    QTest::keyClick(window.get(), key, Qt::AltModifier);
+    EXPECT_EQ(lap.SSTab1.Tab, tab);
+  }
+  box.answers = {platform::BoxAnswer::No};
+  journal.clear();
+  QTest::keyClick(window.get(), Qt::Key_F, Qt::AltModifier);
+  ASSERT_TRUE(QTest::qWaitFor([this] { return !journal.empty(); }));
+  EXPECT_EQ(journal.front().substr(0, 7), "box 52:") << "it asks first";
+}
+
+TEST_F(TheWindow, AHeldArrowRepeats) {
+  QToolButton* const up = find<SpinArrows>("FolLe(0)")->findChild<QToolButton*>();
+  QTest::mousePress(up, Qt::LeftButton);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return lap.setup.FolLe[0].Value >= 94; }));
+  QTest::mouseRelease(up, Qt::LeftButton);
+  const int value = lap.setup.FolLe[0].Value;
+  QTest::qWait(150);
+  EXPECT_EQ(lap.setup.FolLe[0].Value, value);
+}
+
+TEST_F(TheWindow, AScreenReaderFindsReadsAndPresses) {
+  const auto access = [this](const char* name) {
+    return QAccessible::queryAccessibleInterface(find<QWidget>(name));
+  };
+  const auto name = [&access](const char* of) {
+    return access(of)->text(QAccessible::Name).toStdString();
+  };
+  const auto press = [&access](const char* what, const QString& action) {
+    access(what)->actionInterface()->doAction(action);
+  };
+  EXPECT_EQ(name("Xttarto"), "Tartóág X: 631.313 Hz (50%)");
+  press("FolLe(6)", QAccessibleActionInterface::increaseAction());
+  press("FolLe(1)", QAccessibleActionInterface::decreaseAction());
+  EXPECT_EQ(name("Xttarto"), "Tartóág X: 631.313 Hz (47.9%)");
+  EXPECT_EQ(access("FolLe(6)")->valueInterface()->currentValue(), 25);
+  EXPECT_EQ(access("FolLe(1)")->valueInterface()->currentValue(), 90);
+  EXPECT_EQ(access("FolLe(6)")->role(), QAccessible::SpinBox);
+  EXPECT_EQ(name("FolLe(6)") + "|" + name("T2(6)"), "T2 X nyilai|T2 X");
+  EXPECT_EQ(name("MentesJel"), "Mentés: Mentés óta módosult");
+  EXPECT_EQ(access("Picture1(0)")->role(), QAccessible::Graphic);
+  press("Letolt", QAccessibleActionInterface::pressAction());
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !lap.Esemeny.Caption.get().empty(); }));
+  EXPECT_EQ(std::count(journal.begin(), journal.end(), "z1"), 480);
+  EXPECT_EQ(name("KuldesJel"), "Feltöltés");
+
+  showTab(1);
+  lap.jog.Seb.type("5000");
+  lap.jog.Impulzus.click();
+  EXPECT_EQ(access("Mozg(3)")->role(), QAccessible::Button);
+  press("Mozg(3)", QAccessibleActionInterface::pressAction());
+  EXPECT_TRUE(lap.jog.Mozg[3].Held);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !lap.jog.Mozg[3].Held; })) << "only for a moment";
+  lap.load.TapFel.click();
+  EXPECT_EQ(access("LEDsav")->valueInterface()->currentValue(), 8);
+}
+
+TEST_F(TheWindow, ColoursFollowTheTheme) {
+  const QPalette light = QApplication::palette();
+  QPalette dark(QColor(0x30, 0x30, 0x30));
+  dark.setColor(QPalette::ToolTipBase, QColor(0x10, 0x20, 0x30));
+  const auto words = [this] { return find<QLabel>("Label27")->palette().windowText().color(); };
+  const QColor onLight = words();
+  QApplication::setPalette(dark);
+  QApplication::processEvents();
+  EXPECT_NE(words(), onLight);
+  EXPECT_EQ(find<QWidget>("InfoT")->palette().base().color(), QColor(0x10, 0x20, 0x30));
+  QApplication::setPalette(light);
+  QApplication::processEvents();
+  EXPECT_EQ(words(), onLight);
+}
+
+}  // namespace
+}  // namespace monitra::desktop
