@@ -4,8 +4,10 @@
 # To build the programs; to draw and translate their window.
 build_packages="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libcli11-dev nlohmann-json3-dev"
 window_packages="qt6-translations-l10n fonts-dejavu-core fonts-liberation"
-# To build and run the tests, among them independent readers of the serial line and of images.
-test_packages="libgtest-dev sigrok-cli srecord"
+# To build and run the tests, among them independent readers of the serial line and of images, and
+# a display with a screen reader's access to drive the program by.
+test_packages="libgtest-dev sigrok-cli srecord xvfb openbox xdotool dbus-daemon at-spi2-core \
+  python3-pyatspi"
 # To check the form of the sources.
 check_packages="clang-format clang-tidy"
 

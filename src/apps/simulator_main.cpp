@@ -14,8 +14,8 @@ namespace {
 
 using namespace monitra;
 
-/// Tells what the virtual controllers do: the footer at once or a few times a second, standard
-/// output in a line for each message and for each movement that has come to rest.
+/// Tells what the virtual controllers do: the port's status at once or a few times a second,
+/// standard output in a line for each message and for each movement that has come to rest.
 class Report {
  public:
   Report(shell::Lap& lap, ports::SimulatedPort& port) : lap_(lap) {
@@ -65,7 +65,7 @@ class Report {
     if (message.kind == ports::Received::Kind::Frame) {
       heard += " (" + ports::describe(controller.machine()) + ")";
     }
-    lap_.Esemeny.Caption = "A vezérlő ezt kapta: " + heard;
+    lap_.PortAllapot.Caption = "Szimulált port; a vezérlő ezt kapta: " + heard;
     std::cout << heard << std::endl;
   }
 
@@ -79,7 +79,7 @@ class Report {
   void look() {
     bool rested = true;
     for (auto& [controller, movement] : moving_) {
-      lap_.Esemeny.Caption = state(*controller, movement);
+      lap_.PortAllapot.Caption = "Szimulált port; " + state(*controller, movement);
       if (std::exchange(movement.sinceLastLook, false)) rested = false;
     }
     if (rested) tellRested();

@@ -1,0 +1,216 @@
+#!/usr/bin/python3
+"""Drives the simulator in a real X server as a user would, from its start to its shutdown, and
+checks what the virtual controller saw: whole_session.py SIMULATOR EXAMPLES
+
+The widgets are found through AT-SPI by the names that a screen reader gets; the mouse and the
+keyboard are real ones of the server. To be run inside dbus-run-session."""
+
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+
+PATIENCE = 20  # seconds until something that must come counts as missing
+
+
+def wait_for(what, condition):
+    end = time.monotonic() + PATIENCE
+    while time.monotonic() < end:
+        try:
+            found = condition()
+        except Exception as error:  # a widget may go while it is looked at
+            if "gi.repository" not in type(error).__module__ and "GLib" not in repr(error):
+                raise
+            found = None
+        if found:
+            return found
+        time.sleep(0.05)
+    raise AssertionError(f"missing: {what}")
+
+
+class Desktop:
+    """An X server of its own with a window manager."""
+
+    def __enter__(self):
+        ours, theirs = os.pipe()
+        self.server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(theirs), "-screen", "0", "1280x1024x24"],
+            pass_fds=[theirs], stderr=subprocess.DEVNULL)
+        os.close(theirs)
+        os.environ["DISPLAY"] = ":" + os.read(ours, 16).decode().strip()
+        self.manager = subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL)
+        return self
+
+    def __exit__(self, *_):
+        self.manager.kill()
+        self.server.kill()
+
+
+def xdotool(*arguments):
+    subprocess.run(["xdotool", *map(str, arguments)], check=True)
+
+
+class Program:
+    def __init__(self, path, home):
+        import pyatspi  # asks for the display at once
+        self.atspi = pyatspi
+        environment = dict(os.environ, HOME=str(home), XDG_CONFIG_HOME=str(home),
+                           QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb")
+        self.process = subprocess.Popen([path], cwd=home, env=environment, text=True,
+                                        stdout=open(home / "heard", "w"))
+        self.heard_file = home / "heard"
+        self.root = wait_for("the program on the accessibility bus", self.application)
+
+    def application(self):
+        for application in self.atspi.Registry.getDesktop(0):
+            if application and application.get_process_id() == self.process.pid:
+                return application
+
+    def all(self, start=None):
+        for child in start or self.root:
+            if child is not None:
+                yield child
+                yield from self.all(child)
+
+    def find(self, name, role=None):
+        def look():
+            for widget in self.all():
+                if widget.name == name and (role is None or widget.getRoleName() == role):
+                    states = widget.getState()
+                    if states.contains(self.atspi.STATE_SHOWING):
+                        return widget
+        return wait_for(name, look)
+
+    def value(self, name):
+        """What a label shows that is called by its name and its value."""
+        return next(w.name for w in self.all() if w.name.startswith(name + ": "))[len(name) + 2:]
+
+    def place(self, name, role=None, down=0.5):
+        box = self.find(name, role).queryComponent().getExtents(self.atspi.DESKTOP_COORDS)
+        return box.x + box.width // 2, box.y + int(box.height * down)
+
+    def click(self, name, role=None, down=0.5):
+        xdotool("mousemove", *self.place(name, role, down), "click", 1)
+
+    def press(self, name):
+        """By the way of a screen reader, not by the mouse."""
+        self.find(name).queryAction().doAction(0)
+
+    def heard(self):
+        return self.heard_file.read_text().splitlines()
+
+    def expect_heard(self, line):
+        wait_for(f"{line} among {self.heard()}", lambda: any(line in h for h in self.heard()))
+
+
+def choose(program, *entries):
+    for entry in entries:
+        program.click(entry, "menu item")
+
+
+def answer_file_dialog(program, path):
+    wait_for("the file dialog", lambda: any(w.getRoleName() in ("dialog", "file chooser")
+                                            for w in program.all()))
+    xdotool("key", "ctrl+a")
+    xdotool("type", "--delay", 1, path)
+    xdotool("key", "Return")
+
+
+def answer_box(program, beginning, button):
+    wait_for(beginning, lambda: any(w.name.startswith(beginning) for w in program.all()))
+    program.click(button, "push button")
+
+
+def read_and_edit(program, folder):
+    assert program.value("A port állapota").startswith("Szimulált port")
+    choose(program, "Fájl", "Setup Megnyitás")
+    answer_file_dialog(program, folder / "gep.pwm")
+    program.find("Túlhajtás jelzés X: 673.400 S/s")
+    program.click("T3 Z nyilai", down=0.25)  # the partner of constant frequency goes down
+    program.find("Tartóág Z: 631.313 Hz (60.4%)")
+    xdotool("key", "alt+l", "ctrl+a")
+    xdotool("type", "1500")
+    program.find("Út hossz, mm: 18.75")
+    assert program.value("Mentés") == "Mentés óta módosult"
+
+
+def upload(program):
+    program.press("Feltöltés (PC-Link)")
+    answer_box(program, "Setup adatatok feltöltése", "Igen")
+    answer_box(program, "A feltöltés kész!", "OK")
+    program.expect_heard(
+        "&H378 PCB V4.x: 85 0 180 45 14 18 180 45 14 18 244 91 19 29 0 5 220 2 4 255")
+    report = program.value("Esemény")
+    assert re.fullmatch(r"Kiküldve [0-9.]+ ms alatt, a leghosszabb szünet két él között [0-9.]+ ms"
+                        r" volt. A vezérlő nem válaszol.", report), report
+    program.find("Feltöltés", "label")
+
+
+def test_phases(program):
+    xdotool("key", "alt+p")
+    program.click("Y motor, L2 (CON25)")
+    program.expect_heard("&H378 PCB V4.x: 110 0 16 (X 0, Y 0, Z 0, terhelés 0%)")
+    program.expect_heard("&H378 PCB V4.x: 110 0 2 (X 0, Y 0 L2, Z 0, terhelés 16%)")
+    program.click("Y motor, Ki")
+
+
+def jog(program):
+    def position(axis):
+        steps = [re.search(axis + r" ([+-]?\d+),", line) for line in program.heard()[-1:]]
+        return int(steps[0].group(1)) if steps and steps[0] else 0
+
+    xdotool("key", "alt+t", "alt+s", "ctrl+a")
+    xdotool("type", "500")
+    program.click("Impulzus engedély")
+    xdotool("mousemove", *program.place("X tengely, fel nyíl"), "mousedown", 1)
+    time.sleep(0.3)
+    xdotool("mouseup", 1)
+    moved = wait_for("steps of X", lambda: position("X"))
+    xdotool("key", "Tab", "Tab", "Tab")
+    xdotool("keydown", "space")
+    time.sleep(1.2)  # the keyboard's repetition takes over
+    xdotool("keyup", "space")
+    wait_for("steps of Y", lambda: position("Y"))
+    assert position("X") == moved and position("Z") == 0
+    program.click("Impulzus engedély")
+
+
+def save_and_quit(program, folder):
+    choose(program, "Fájl", "Setup Mentés")
+    answer_file_dialog(program, folder / "uj.pwm")
+    wait_for("the mark to go", lambda: program.find("Mentés", "label"))
+    assert (folder / "uj.pwm").read_bytes() == (folder / "gep.pwm").read_bytes().replace(
+        b"\r\n20\r\n", b"\r\n19\r\n").replace(b"\r\n28\r\n", b"\r\n29\r\n").replace(
+        b"\r\n2000\r\n", b"\r\n1500\r\n")
+    before = len(program.heard())
+    choose(program, "Fájl", "Kilépés")
+    assert program.process.wait(PATIENCE) == 0
+    off = [re.search(r"V4.x: ([\d ]+) \(", line).group(1) for line in program.heard()[before:]]
+    assert off == ["99 0 16", "110 0 16", "120 0 16"], off
+    assert '"Seb": "500"' in (folder / "monitra" / "monitra-szimulator.json").read_text()
+
+
+def main():
+    simulator, examples = sys.argv[1], pathlib.Path(sys.argv[2])
+    with tempfile.TemporaryDirectory() as name, Desktop():
+        folder = pathlib.Path(name)
+        shutil.copy(examples / "gyors-xy.pwm", folder / "gep.pwm")
+        program = Program(simulator, folder)
+        try:
+            read_and_edit(program, folder)
+            upload(program)
+            test_phases(program)
+            jog(program)
+            save_and_quit(program, folder)
+        except BaseException:
+            print("heard:", *program.heard(), sep="\n  ")
+            raise
+        finally:
+            program.process.kill()
+
+
+main()
