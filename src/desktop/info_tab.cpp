@@ -18,6 +18,7 @@ QPlainTextEdit* infoText(const WidgetMaker& widgets) {
   QFont font(QStringLiteral("Arial"));
   font.setPointSizeF(points);
   text->setFont(font);
+  giveThinFrame(text);
   text->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   text->setTabChangesFocus(true);

@@ -97,14 +97,12 @@ QLayout* LinkTab::loadDisplay() {
   auto* const column = new QVBoxLayout;
   auto* const display = widgets_.make<QLineEdit>("Taptext");
   makeDisplay(display);
-  QLabel* const head = widgets_.make<QLabel>("Label28");
-  head->setFrameStyle(QFrame::Box);
   auto* const more = widgets_.make<QPushButton>("TapFel");
   giveIcon(more, ":/pictures/load.svg");
   auto* const stop = widgets_.make<QPushButton>("TapStop");
   giveIcon(stop, ":/pictures/stop.svg");
   column->addWidget(display);
-  column->addWidget(head);
+  column->addWidget(widgets_.make("Label28"));
   column->addStretch();
   column->addWidget(more);
   column->addWidget(stop);

@@ -86,6 +86,7 @@ QLayout* SetupTab::diagramRow() {
   auto* const state = new QVBoxLayout;
   auto* const motor = widgets_.make<Picture>("Picture1", 0);
   motor->show(QStringLiteral(":/pictures/motor.svg"), motorPicture);
+  state->setSpacing(4);
   state->addStretch();
   state->addWidget(motor, 0, Qt::AlignRight);
   state->addWidget(bold(widgets_.make<QLabel>("lepes")));
@@ -155,7 +156,9 @@ void SetupTab::addDerivedColumn(QGridLayout& grid, const DerivedColumn& column, 
 
 QLayout* SetupTab::tuningRow() {
   QHBoxLayout* const row = flatRow();
+  constexpr int gap = 12;
   row->addLayout(tuningFields());
+  row->addSpacing(gap);
   row->addStretch();
   row->addLayout(wholeStepBoxes());
   return row;

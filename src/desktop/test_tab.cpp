@@ -13,6 +13,13 @@
 
 namespace monitra::desktop {
 
+namespace {
+
+/// Between what belongs together; the columns stand further apart.
+constexpr int smallGap = 6;
+
+}  // namespace
+
 TestTab::TestTab(const WidgetMaker& widgets) : widgets_(widgets) {
   constexpr int gap = 14;
   new TickTimer(widgets.lap().jog.Timer1, this);
@@ -29,6 +36,7 @@ QLayout* TestTab::jogColumn() {
   QLabel* const warning = widgets_.make<QLabel>("Label30");
   setTextColour(warning, QColor(0x90, 0x00, 0x00), QColor(0xE0, 0x80, 0x80));
   auto* const column = new QVBoxLayout;
+  column->setSpacing(smallGap);
   column->addWidget(title);
   column->addWidget(warning);
   column->addStretch();
@@ -62,7 +70,9 @@ QLayout* TestTab::generatorRow() {
 QLayout* TestTab::portColumn() {
   constexpr int sideAir = 40;
   auto* const column = new QVBoxLayout;
+  column->setSpacing(smallGap);
   auto* const list = widgets_.make<QListWidget>("LPT");
+  giveThinFrame(list);
   list->setFixedHeight(list->sizeHintForRow(0) * list->count() + 2 * list->frameWidth() + 2);
   list->setFixedWidth(list->sizeHintForColumn(0) + sideAir);
   auto* const board = widgets_.make<Picture>("Picture2", 0);

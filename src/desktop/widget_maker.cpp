@@ -15,6 +15,7 @@
 #include <variant>
 
 #include "desktop/bindings.h"
+#include "desktop/boxed_label.h"
 #include "desktop/jog_button.h"
 #include "desktop/led_bar.h"
 #include "desktop/picture.h"
@@ -31,21 +32,19 @@ using shell::ControlDescription;
 using shell::Kind;
 using shell::State;
 
-QLabel* boxedLabel() {
+/// A label that takes no more height than its text, so that what belongs together stays together.
+QLabel* plainLabel() {
   auto* const label = new QLabel;
-  label->setFrameShape(QFrame::StyledPanel);
-  label->setFrameShadow(QFrame::Sunken);
-  label->setAlignment(Qt::AlignCenter);
-  label->setContentsMargins(label->contentsMargins() + QMargins(4, 0, 4, 0));
+  label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   return label;
 }
 
 QWidget* newWidget(Kind kind) {
   switch (kind) {
     case Kind::Label:
-      return new QLabel;
+      return plainLabel();
     case Kind::BoxedLabel:
-      return boxedLabel();
+      return new BoxedLabel;
     case Kind::StatusLine:
       return new StatusLine;
     case Kind::Picture:

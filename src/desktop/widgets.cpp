@@ -94,6 +94,13 @@ void drawFocus(QStylePainter& painter, const QWidget& widget, const QRect& where
   painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
 }
 
+void giveThinFrame(QFrame* widget) {
+  widget->setFrameStyle(QFrame::Box | QFrame::Plain);
+  followTheme(widget, [](QPalette& colours) {
+    colours.setColor(QPalette::WindowText, QGuiApplication::palette().color(QPalette::Mid));
+  });
+}
+
 bool WheelNeedsFocus::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::Wheel || static_cast<QWidget*>(watched)->hasFocus()) return false;
   event->ignore();

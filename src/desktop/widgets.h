@@ -6,6 +6,7 @@
 #include <QSize>
 #include <functional>
 
+class QFrame;
 class QHBoxLayout;
 class QLabel;
 class QLineEdit;
@@ -40,6 +41,9 @@ void setTextColour(QLabel* label, QColor colour, QColor onDark);
 
 /// Draws the mark of the keyboard's focus, however the widget has got it.
 void drawFocus(QStylePainter& painter, const QWidget& widget, const QRect& where);
+
+/// A thin frame, whose edges show at every scale.
+void giveThinFrame(QFrame* widget);
 
 /// An event filter that keeps the wheel from a widget without the focus, whose value it would
 /// change unnoticed.

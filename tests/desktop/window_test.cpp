@@ -18,6 +18,7 @@
 #include <map>
 #include <set>
 
+#include "desktop/boxed_label.h"
 #include "desktop/jog_button.h"
 #include "desktop/led_bar.h"
 #include "desktop/picture.h"
@@ -54,9 +55,9 @@ bool isOfKind(QWidget* widget, Kind kind) {
   const auto is = [widget](const char* type) { return widget->inherits(type); };
   switch (kind) {
     case Kind::Label:
-      return is("QLabel") && static_cast<QLabel*>(widget)->frameShape() == QFrame::NoFrame;
+      return is("QLabel") && dynamic_cast<BoxedLabel*>(widget) == nullptr;
     case Kind::BoxedLabel:
-      return is("QLabel") && static_cast<QLabel*>(widget)->frameShape() != QFrame::NoFrame;
+      return dynamic_cast<BoxedLabel*>(widget) != nullptr;
     case Kind::StatusLine:
       return dynamic_cast<StatusLine*>(widget) != nullptr;
     case Kind::Picture:
