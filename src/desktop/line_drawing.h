@@ -7,7 +7,7 @@
 
 #include "controls/controls.h"
 #include "desktop/widget_maker.h"
-#include "shell/window_description.h"
+#include "shell/drawings.h"
 
 namespace monitra::desktop {
 

@@ -82,29 +82,6 @@ struct MenuDescription {
 
 std::span<const MenuDescription> menuTree();
 
-/// A straight line of a drawing, in twips of its tab's own space, y growing downwards.
-struct DrawnLine {
-  std::string_view name;
-  int x1, y1, x2, y2;
-  bool marker = false;  ///< red and dotted
-};
-
-/// A label in a drawing, with an entry among the controls: the place of its left edge and top, in
-/// the same twips.
-struct DrawnLabel {
-  std::string_view name;
-  int index;
-  int x, y;
-};
-
-/// The timing diagram on the tab "Motor Setup", with the heads of the grid's columns.
-std::span<const DrawnLine> diagramLines();
-std::span<const DrawnLabel> diagramHeads();
-
-/// The machine's axes on the tab "Teszt", with their letters.
-std::span<const DrawnLine> axisLines();
-std::span<const DrawnLabel> axisLetters();
-
 /// Client area of the window in twips, 1440 to the inch.
 inline constexpr int clientWidth = 9390;
 inline constexpr int clientHeight = 6720;
