@@ -46,12 +46,12 @@ struct ControlDescription {
   std::string_view caption = {};  ///< or default text; empty where the program sets it at once
   std::string_view tooltip = {};
   State state = State::Normal;
+  char mnemonic = 0;  ///< letter of the caption; no mnemonic makes anything move on the machine
   /// What a screen reader calls it, where that isn't its caption; in an array "%" stands for the
   /// axis of the element. The text that a label shows comes behind it.
   std::string_view spoken = {};
   std::string_view hint = {};   ///< tells a screen reader more than the tooltip; never shown
   std::string_view buddy = {};  ///< of a label: name of the control that it heads
-  char mnemonic = 0;  ///< letter of the caption; no mnemonic makes anything move on the machine
 };
 
 /// All of them, in the order of the window.
