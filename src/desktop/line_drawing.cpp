@@ -32,7 +32,7 @@ QPoint LineDrawing::place(int x, int y) const {
 void LineDrawing::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const QPen solid(palette().color(QPalette::WindowText), 1);
-  const QPen marker(QColor(0xE0, 0x20, 0x20), 1, Qt::DotLine);
+  const QPen marker(fitting(QColor(0xE0, 0x20, 0x20), QColor(0xFF, 0x60, 0x60)), 1, Qt::DotLine);
   const QPointF middleOfPixel(0.5, 0.5);
   for (const auto& [line, control] : lines_) {
     if (control != nullptr && !control->Visible) continue;

@@ -65,11 +65,15 @@ void followTheme(QWidget* widget, std::function<void(QPalette& colours)> adjust)
   new ThemeWatch(widget, std::move(adjust));
 }
 
-void setTextColour(QLabel* label, QColor colour, QColor onDark) {
-  followTheme(label, [colour, onDark](QPalette& colours) {
-    constexpr int middle = 128;
-    const bool dark = QGuiApplication::palette().color(QPalette::Window).lightness() < middle;
-    colours.setColor(QPalette::WindowText, dark ? onDark : colour);
+QColor fitting(QColor onLight, QColor onDark) {
+  constexpr int middle = 128;
+  const bool dark = QGuiApplication::palette().color(QPalette::Window).lightness() < middle;
+  return dark ? onDark : onLight;
+}
+
+void setTextColour(QLabel* label, QColor onLight, QColor onDark) {
+  followTheme(label, [onLight, onDark](QPalette& colours) {
+    colours.setColor(QPalette::WindowText, fitting(onLight, onDark));
   });
 }
 

@@ -36,8 +36,11 @@ QLabel* inFont(QLabel* label, const char* family, double points, bool italic = f
 /// Has a function adjust the widget's palette now and at each change of the desktop's theme.
 void followTheme(QWidget* widget, std::function<void(QPalette& colours)> adjust);
 
-/// The colour of a label's text, and the one in a dark theme.
-void setTextColour(QLabel* label, QColor colour, QColor onDark);
+/// The first colour in a light theme, the second in a dark one.
+QColor fitting(QColor onLight, QColor onDark);
+
+/// The same for the text of a label.
+void setTextColour(QLabel* label, QColor onLight, QColor onDark);
 
 /// Draws the mark of the keyboard's focus, however the widget has got it.
 void drawFocus(QStylePainter& painter, const QWidget& widget, const QRect& where);
