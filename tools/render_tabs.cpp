@@ -6,6 +6,7 @@
 #include <iostream>
 
 #include "desktop/main_window.h"
+#include "desktop/window_style.h"
 #include "host/executable.h"
 #include "support/program.h"
 
@@ -35,7 +36,7 @@ int main(int argc, char** argv) {
   using namespace monitra;
   const QApplication application(argc, argv);
   if (argc < 3) return EXIT_FAILURE;
-  QApplication::setStyle(QStringLiteral("Fusion"));
+  QApplication::setStyle(new desktop::WindowStyle);
   if (argc > 3) QApplication::setPalette(darkColours());
 
   support::Program program;

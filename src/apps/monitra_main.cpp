@@ -6,7 +6,7 @@ int main(int argc, char** argv) {
   return monitra::apps::run(argc, argv,
                             {"Monitra Setup",
                              ":/pictures/monitra.svg",
-                             "Nincs elérhető nyomtatóport, a program semmit sem küld ki; próbához "
+                             "A program nem ér el nyomtatóportot, semmit sem küld ki; próbához "
                              "a Monitra Szimulátor való.",
                              noPort,
                              false,

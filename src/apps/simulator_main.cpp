@@ -61,12 +61,13 @@ class Report {
 
   void tellReceived(const std::string& at, const ports::VirtualController& controller,
                     const ports::Received& message) {
-    std::string heard = at + ": " + ports::bytesText(message.bytes);
+    std::string heard = ports::bytesText(message.bytes);
     if (message.kind == ports::Received::Kind::Frame) {
       heard += " (" + ports::describe(controller.machine()) + ")";
     }
-    lap_.PortAllapot.Caption = "Szimulált port; a vezérlő ezt kapta: " + heard;
-    std::cout << heard << std::endl;
+    lap_.PortAllapot.Caption =
+        "Szimulált port, ezt kapta: " + (isSelected(controller) ? heard : at + ": " + heard);
+    std::cout << at << ": " << heard << std::endl;
   }
 
   void tellRested() {
@@ -79,7 +80,7 @@ class Report {
   void look() {
     bool rested = true;
     for (auto& [controller, movement] : moving_) {
-      lap_.PortAllapot.Caption = "Szimulált port; " + state(*controller, movement);
+      lap_.PortAllapot.Caption = "Szimulált port: " + ports::describe(controller->machine());
       if (std::exchange(movement.sinceLastLook, false)) rested = false;
     }
     if (rested) tellRested();

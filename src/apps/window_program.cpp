@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QIcon>
 #include <QLibraryInfo>
-#include <QStyleFactory>
 #include <QTranslator>
 #include <cstdlib>
 #include <iostream>
@@ -13,6 +12,7 @@
 #include "desktop/main_window.h"
 #include "desktop/qt_file_dialog.h"
 #include "desktop/qt_message_box.h"
+#include "desktop/window_style.h"
 #include "host/executable.h"
 #include "host/host_files.h"
 #include "host/pacer.h"
@@ -39,7 +39,7 @@ int run(int argc, char** argv, const WindowProgram& program) {
   preferX();
   QApplication application(argc, argv);
   QApplication::setWindowIcon(QIcon(QString::fromUtf8(program.icon)));
-  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QApplication::setStyle(new desktop::WindowStyle);
   QTranslator hungarian;
   if (hungarian.load(QStringLiteral("qtbase_hu"),
                      QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {

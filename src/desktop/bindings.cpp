@@ -125,8 +125,13 @@ void bind(QLineEdit* widget, controls::TextBox& control) {
   });
   mirrorColour(widget, control.ForeColor, QPalette::Text);
   mirrorEnabled(widget, control.Enabled);
-  QObject::connect(widget, &QLineEdit::textEdited, widget,
-                   [&control](const QString& text) { control.type(text.toStdString()); });
+  // Also what isn't typed comes this way, from a screen reader for one; the control decides.
+  QObject::connect(widget, &QLineEdit::textChanged, widget, [widget, &control] {
+    const std::string text = widget->text().toStdString();
+    if (text == control.Text.get()) return;
+    control.type(text);
+    if (widget->text() != toQt(control.Text.get())) widget->setText(toQt(control.Text.get()));
+  });
 }
 
 void bind(QPlainTextEdit* widget, controls::TextBox& control) {
@@ -196,11 +201,13 @@ void bind(QComboBox* widget, controls::PickList& control) {
 
 void bind(QListWidget* widget, controls::PickList& control) {
   mirrorList<QListWidget>(widget, control, &QListWidget::setCurrentRow);
-  QObject::connect(widget, &QListWidget::currentRowChanged, widget,
-                   [&control](int index) { control.select(index); });
-  // A click with the control key would leave nothing selected.
-  QObject::connect(widget, &QListWidget::itemSelectionChanged, widget, [widget] {
-    if (widget->selectedItems().isEmpty()) widget->currentItem()->setSelected(true);
+  // A click with the control key leaves nothing selected, a screen reader more than one.
+  QObject::connect(widget, &QListWidget::itemSelectionChanged, widget, [widget, &control] {
+    for (const QModelIndex& selected : widget->selectionModel()->selectedIndexes()) {
+      if (selected.row() != control.ListIndex) control.select(selected.row());
+    }
+    const QSignalBlocker shown(widget);
+    widget->setCurrentRow(control.ListIndex, QItemSelectionModel::ClearAndSelect);
   });
 }
 

@@ -35,8 +35,9 @@ Footer::Footer(const WidgetMaker& widgets) {
   rows->setContentsMargins(9, 0, 9, 4);
   rows->setSpacing(2);
   rows->addLayout(names(widgets));
-  rows->addLayout(status(widgets));
+  rows->addWidget(bold(widgets.make<QLabel>("PortAllapot")));
   rows->addWidget(widgets.make("Esemeny"));
+  rows->addLayout(marks(widgets));
 }
 
 QHBoxLayout* Footer::names(const WidgetMaker& widgets) {
@@ -59,11 +60,11 @@ QHBoxLayout* Footer::names(const WidgetMaker& widgets) {
   return row;
 }
 
-QHBoxLayout* Footer::status(const WidgetMaker& widgets) {
+QHBoxLayout* Footer::marks(const WidgetMaker& widgets) {
   constexpr int gap = 16;
   QHBoxLayout* const row = flatRow();
   row->setSpacing(gap);
-  row->addWidget(bold(widgets.make<QLabel>("PortAllapot")), 1);
+  row->addStretch();
   row->addWidget(markLabel(widgets, "MentesJel", &shell::SetupMarks::savedMark));
   row->addWidget(markLabel(widgets, "KuldesJel", &shell::SetupMarks::sentMark));
   return row;

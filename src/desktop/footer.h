@@ -8,15 +8,15 @@ class QHBoxLayout;
 
 namespace monitra::desktop {
 
-/// The strip below the tabs: the program's name, the maker, the status of the port with the marks
-/// of the Setup, and what the last operation came to.
+/// The strip below the tabs: the program's name, the maker, the status of the port, what the last
+/// operation came to, and the marks of the Setup.
 class Footer : public QWidget {
  public:
   explicit Footer(const WidgetMaker& widgets);
 
  private:
   QHBoxLayout* names(const WidgetMaker& widgets);
-  QHBoxLayout* status(const WidgetMaker& widgets);
+  QHBoxLayout* marks(const WidgetMaker& widgets);
 };
 
 }  // namespace monitra::desktop

@@ -18,7 +18,8 @@ LineDrawing::LineDrawing(const WidgetMaker& widgets, const Content& content, dou
     if (found != nullptr) (*found)->Visible.observe([this] { update(); });
   }
   for (const auto& words : content.labels) {
-    QLabel* const label = bold(widgets.make<QLabel>(words.name, words.index));
+    auto* const label = widgets.make<QLabel>(words.name, words.index);
+    if (words.bold) bold(label);
     label->setParent(this);
     label->adjustSize();
     label->move(place(words.x, words.y));

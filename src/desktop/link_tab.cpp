@@ -3,10 +3,13 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <algorithm>
+#include <vector>
 
 #include "bench/phase_panel.h"
 #include "desktop/picture.h"
@@ -40,6 +43,46 @@ void makeDisplay(QLineEdit* display) {
   display->setMinimumWidth(QFontMetrics(figures).horizontalAdvance(widest) + air);
 }
 
+/// Lets the arrow keys walk along a motor's options without selecting them, for to select is to
+/// send; the space bar selects. The tab key leads to the selected one.
+class OptionKeys : public QObject {
+ public:
+  using QObject::QObject;
+
+  void add(QRadioButton* option) {
+    options_.push_back(option);
+    option->installEventFilter(this);
+    connect(option, &QRadioButton::toggled, this, [this] { leadTab(); });
+    leadTab();
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::FocusOut) leadTab();
+    if (event->type() != QEvent::KeyPress) return false;
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    const bool back = key == Qt::Key_Up || key == Qt::Key_Left;
+    if (!back && key != Qt::Key_Down && key != Qt::Key_Right) return false;
+    const auto count = static_cast<int>(options_.size());
+    const auto at = static_cast<int>(std::ranges::find(options_, watched) - options_.begin());
+    int next = at;
+    do {
+      next = (next + (back ? count - 1 : 1)) % count;
+    } while (!options_[static_cast<std::size_t>(next)]->isEnabled() && next != at);
+    options_[static_cast<std::size_t>(next)]->setFocus();
+    return true;
+  }
+
+ private:
+  void leadTab() {
+    for (QRadioButton* const option : options_) {
+      option->setFocusPolicy(option->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+    }
+  }
+
+  std::vector<QRadioButton*> options_;
+};
+
 }  // namespace
 
 LinkTab::LinkTab(const WidgetMaker& widgets) : widgets_(widgets) {
@@ -65,14 +108,10 @@ QWidget* LinkTab::phaseFrame(int motor) {
   drawing->show(QStringLiteral(":/pictures/motor.svg"), motorPicture);
   column->addWidget(drawing);
   column->addWidget(widgets_.make("Label26", motor));
+  auto* const keys = new OptionKeys(frame);
   for (int row = 0; row < bench::phaseRows; ++row) {
     auto* const option = widgets_.make<QRadioButton>("L", bench::phaseIndex(motor, row));
-    // The tab key leads to the selected one of the group, also where code has selected it.
-    const auto lead = [option](bool selected) {
-      option->setFocusPolicy(selected ? Qt::StrongFocus : Qt::ClickFocus);
-    };
-    lead(option->isChecked());
-    connect(option, &QRadioButton::toggled, option, lead);
+    keys->add(option);
     column->addWidget(option);
   }
   column->addStretch();

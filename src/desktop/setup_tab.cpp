@@ -131,7 +131,9 @@ void SetupTab::addTimingField(QGridLayout& grid, int axis, int group) {
   makeInstrument(box);
   cell->addStretch();
   cell->addWidget(box);
-  cell->addWidget(widgets_.make("FolLe", i));
+  auto* const arrows = widgets_.make<SpinArrows>("FolLe", i);
+  arrows->serve(box);
+  cell->addWidget(arrows);
   cell->addStretch();
   grid.addLayout(cell, axis + 1, group + 1);
   grid.setColumnMinimumWidth(group + 1, columnWidth());

@@ -66,12 +66,17 @@ QToolButton* SpinArrows::addArrow(Qt::ArrowType type) {
 }
 
 void SpinArrows::serve(QWidget* widget) {
+  served_ = widget;
   widget->installEventFilter(this);
+}
+
+bool SpinArrows::isFocused() const {
+  return hasFocus() || (served_ != nullptr && served_->hasFocus());
 }
 
 bool SpinArrows::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress && pressByKey(*static_cast<QKeyEvent*>(event))) return true;
-  if (event->type() == QEvent::Wheel && static_cast<QWidget*>(watched)->hasFocus()) {
+  if (event->type() == QEvent::Wheel && isFocused()) {
     pressByWheel(*static_cast<QWheelEvent*>(event));
     return true;
   }
@@ -95,7 +100,7 @@ bool SpinArrows::pressByKey(const QKeyEvent& event) {
 }
 
 void SpinArrows::wheelEvent(QWheelEvent* event) {
-  if (hasFocus()) {
+  if (isFocused()) {
     pressByWheel(*event);
   } else {
     event->ignore();

@@ -21,7 +21,7 @@ class SpinArrows : public QWidget {
   int max() const { return max_; }
   int value() const { return value_; }
 
-  /// The keys and the wheel press the arrows also while this widget has the focus.
+  /// The keys and the wheel press the arrows also at the one widget that they stand beside.
   void serve(QWidget* widget);
 
   /// Width of the arrows beside a widget with this font.
@@ -44,6 +44,9 @@ class SpinArrows : public QWidget {
   bool pressByKey(const QKeyEvent& event);
   void pressByWheel(const QWheelEvent& event);
 
+  bool isFocused() const;
+
+  const QWidget* served_ = nullptr;
   int min_ = 0;
   int max_ = 0;
   int value_ = 0;

@@ -22,7 +22,9 @@ class ThemeWatch : public QObject {
 
  protected:
   bool eventFilter(QObject* /*widget*/, QEvent* event) override {
-    if (event->type() == QEvent::PaletteChange) show();
+    const QEvent::Type type = event->type();
+    if (type == QEvent::PaletteChange || type == QEvent::FocusIn || type == QEvent::FocusOut)
+      show();
     return false;
   }
 
@@ -94,14 +96,14 @@ void drawFocus(QStylePainter& painter, const QWidget& widget, const QRect& where
   QStyleOptionFocusRect focus;
   focus.initFrom(&widget);
   focus.rect = where;
-  focus.state |= QStyle::State_KeyboardFocusChange;
   painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
 }
 
 void giveThinFrame(QFrame* widget) {
   widget->setFrameStyle(QFrame::Box | QFrame::Plain);
-  followTheme(widget, [](QPalette& colours) {
-    colours.setColor(QPalette::WindowText, QGuiApplication::palette().color(QPalette::Mid));
+  followTheme(widget, [widget](QPalette& colours) {
+    const auto role = widget->hasFocus() ? QPalette::Highlight : QPalette::Mid;
+    colours.setColor(QPalette::WindowText, QGuiApplication::palette().color(role));
   });
 }
 

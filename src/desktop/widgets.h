@@ -33,7 +33,8 @@ QHBoxLayout* flatRow(QWidget* parent = nullptr);
 QLabel* bold(QLabel* label);
 QLabel* inFont(QLabel* label, const char* family, double points, bool italic = false);
 
-/// Has a function adjust the widget's palette now and at each change of the desktop's theme.
+/// Has a function adjust the widget's palette now and at each change of the desktop's theme or of
+/// its focus.
 void followTheme(QWidget* widget, std::function<void(QPalette& colours)> adjust);
 
 /// The first colour in a light theme, the second in a dark one.
@@ -42,10 +43,10 @@ QColor fitting(QColor onLight, QColor onDark);
 /// The same for the text of a label.
 void setTextColour(QLabel* label, QColor onLight, QColor onDark);
 
-/// Draws the mark of the keyboard's focus, however the widget has got it.
+/// Draws the mark of the keyboard's focus.
 void drawFocus(QStylePainter& painter, const QWidget& widget, const QRect& where);
 
-/// A thin frame, whose edges show at every scale.
+/// A thin frame, whose edges show at every scale, and which shows the keyboard's focus.
 void giveThinFrame(QFrame* widget);
 
 /// An event filter that keeps the wheel from a widget without the focus, whose value it would

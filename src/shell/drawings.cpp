@@ -29,8 +29,8 @@ constexpr std::array lines{
 };
 
 constexpr std::array heads{
-    DrawnLabel{"Label2", -1, 960, 1800}, DrawnLabel{"Label1", -1, 1920, 1800},
-    DrawnLabel{"Label3", 0, 2880, 1800}, DrawnLabel{"Label4", 0, 3840, 1800},
+    DrawnLabel{"Label2", -1, 960, 1800, true}, DrawnLabel{"Label1", -1, 1920, 1800, true},
+    DrawnLabel{"Label3", 0, 2880, 1800, true}, DrawnLabel{"Label4", 0, 3840, 1800, true},
     DrawnLabel{"Label4", 1, 5160, 1800},
 };
 

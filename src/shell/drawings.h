@@ -18,6 +18,7 @@ struct DrawnLabel {
   std::string_view name;
   int index;
   int x, y;
+  bool bold = false;
 };
 
 /// The timing diagram on the tab "Motor Setup", with the heads of the grid's columns.

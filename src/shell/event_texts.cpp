@@ -14,7 +14,7 @@ using platform::Failure;
 std::string openingText(const store::OpenResult& result) {
   std::string text;
   if (result.failure == Failure::EndOfFile) {
-    text = "A fájl hiányos: " + std::to_string(result.records) + " sor van benne a " +
+    text = "A fájl hiányos: " + std::to_string(result.records.size()) + " sor van benne a " +
            std::to_string(store::pwmRecords) + " helyett. ";
   }
   if (result.adjusted > 0) text += adjustedText(result.adjusted) + " ";
@@ -72,11 +72,11 @@ std::string sentText(const link::LineTiming& timing) {
   };
   return "Kiküldve " + milliseconds(timing.duration) +
          " alatt, a leghosszabb szünet két él között " + milliseconds(timing.longestPause) +
-         " volt. A vezérlő nem válaszol.";
+         " volt. A vonal egyirányú, nyugta nem jön.";
 }
 
 std::string nothingSentText() {
-  return "Nem ment ki semmi, mert nincs elérhető nyomtatóport.";
+  return "Nem ment ki semmi, mert a program nem ér el nyomtatóportot.";
 }
 
 std::string generatorText(int interval) {

@@ -152,16 +152,16 @@ void Lap::tellUploaded() {
 void Lap::openSetup() {
   Esemeny.Caption = "";
   const store::OpenResult result = files_.MFSetNyit_Click();
-  if (result.records > 0 || result.failure == platform::Failure::None) {
-    result.complete() ? marks.saved() : marks.openedOtherwise();
-  }
+  if (!result.records.empty()) marks.opened(result.records);
   Esemeny.Caption = openingText(result);
 }
 
 void Lap::saveSetup() {
   Esemeny.Caption = "";
   const platform::Failure failure = files_.MFSetMent_Click();
-  if (failure == platform::Failure::None) marks.saved();
+  if (failure != platform::Failure::Cancel) {
+    failure == platform::Failure::None ? marks.saved() : marks.notSaved();
+  }
   Esemeny.Caption = savingText(failure, outside_.Fileablak.FileName);
 }
 

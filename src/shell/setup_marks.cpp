@@ -4,6 +4,16 @@
 
 namespace monitra::shell {
 
+namespace {
+
+/// A number may stand in a file with or without the blank of its sign.
+std::vector<std::string> withoutBlanks(std::vector<std::string> records) {
+  for (std::string& record : records) std::erase(record, ' ');
+  return records;
+}
+
+}  // namespace
+
 SetupMarks::SetupMarks(timing::SetupPanel& panel, const timing::Kozos& kozos)
     : panel_(panel), kozos_(kozos) {
   const auto view = [this] { tell(); };
@@ -21,12 +31,16 @@ SetupMarks::SetupMarks(timing::SetupPanel& panel, const timing::Kozos& kozos)
 }
 
 void SetupMarks::saved() {
-  saved_ = store::pwmTexts(panel_, kozos_).records;
+  opened(store::pwmTexts(panel_, kozos_).records);
+}
+
+void SetupMarks::notSaved() {
+  saved_.reset();
   tell();
 }
 
-void SetupMarks::openedOtherwise() {
-  saved_.reset();
+void SetupMarks::opened(const std::vector<std::string>& records) {
+  saved_ = withoutBlanks(records);
   tell();
 }
 
@@ -36,7 +50,9 @@ void SetupMarks::sent() {
 }
 
 std::string SetupMarks::savedMark() const {
-  return saved_ == store::pwmTexts(panel_, kozos_).records ? "" : "Mentés óta módosult";
+  if (!saved_) return "Nincs elmentve";
+  const bool same = saved_ == withoutBlanks(store::pwmTexts(panel_, kozos_).records);
+  return same ? "" : "Mentés óta módosult";
 }
 
 std::string SetupMarks::sentMark() const {

@@ -20,9 +20,12 @@ class SetupMarks {
   SetupMarks(const SetupMarks&) = delete;
   SetupMarks& operator=(const SetupMarks&) = delete;
 
-  void saved();            ///< the present Setup is in a file, or there was none before it
-  void openedOtherwise();  ///< no file holds what came of opening one
-  void sent();             ///< the present Setup has gone out
+  void saved();     ///< the present Setup is in a file, or is the one of the start
+  void notSaved();  ///< it may be in no file: saving has failed
+  void sent();      ///< it has gone out
+
+  /// A file with these records was opened, of which the fields may have made something else.
+  void opened(const std::vector<std::string>& records);
 
   /// Words for the mark that the Setup has changed; empty while it has not.
   std::string savedMark() const;

@@ -83,7 +83,7 @@ OpenResult SetupFiles::read() {
     if (result.failure != Failure::None) return result;
     const std::string text = outside_.codePage.toUtf8(bytes);
     if (applyPwmRecord(record, text, panel_, kozos_)) ++result.adjusted;
-    ++result.records;
+    result.records.push_back(text);
   }
   return result;
 }

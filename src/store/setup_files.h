@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "controls/controls.h"
 #include "store/file_operations.h"
 #include "timing/editions.h"
@@ -11,11 +14,8 @@ namespace monitra::store {
 /// How an opening ended, beyond the boxes that it showed.
 struct OpenResult {
   platform::Failure failure = platform::Failure::None;
-  int records = 0;   ///< records applied, up to pwmRecords
-  int adjusted = 0;  ///< of those, records with a value outside their field's range
-
-  /// Whether the Setup is now the one in the file.
-  bool complete() const { return failure == platform::Failure::None && adjusted == 0; }
+  std::vector<std::string> records;  ///< the texts that were applied, up to pwmRecords
+  int adjusted = 0;                  ///< of those, values outside their field's range
 };
 
 /// Saves and opens Setup files. All that the fields refer to must outlive the object.

@@ -146,7 +146,7 @@ def upload(program):
         "&H378 PCB V4.x: 85 0 180 45 14 18 180 45 14 18 244 91 19 29 0 5 220 2 4 255")
     report = program.value("Esemény")
     assert re.fullmatch(r"Kiküldve [0-9.]+ ms alatt, a leghosszabb szünet két él között [0-9.]+ ms"
-                        r" volt. A vezérlő nem válaszol.", report), report
+                        r" volt. A vonal egyirányú, nyugta nem jön.", report), report
     program.find("Feltöltés", "label")
 
 

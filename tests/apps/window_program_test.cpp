@@ -33,7 +33,7 @@ TEST(WindowProgram, EverySignalRunsTheShutdownWithoutItsQuestion) {
                   stored);
   }
   EXPECT_EQ(endedBy("TERM", "Monitra Setup"),
-            "Nincs elérhető nyomtatóport, a program semmit sem küld ki; próbához a Monitra "
+            "A program nem ér el nyomtatóportot, semmit sem küld ki; próbához a Monitra "
             "Szimulátor való.\n" +
                 stored);
 }

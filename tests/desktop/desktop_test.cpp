@@ -26,6 +26,7 @@
 #include "desktop/qt_message_box.h"
 #include "desktop/spin_arrows.h"
 #include "desktop/text.h"
+#include "desktop/window_style.h"
 #include "support/image.h"
 #include "support/window.h"
 
@@ -95,6 +96,12 @@ TEST_F(Desktop, ArrowsKeysAndWheelMoveATimingField) {
   turnWheel(arrows, 2);
   turnWheel(arrows, -1);
   EXPECT_EQ(boxText("T2(6)"), "24");
+  find<QLineEdit>("T2(6)")->setFocus();
+  turnWheel(arrows, 1);
+  QTest::keyClick(find<QLineEdit>("T2(6)"), Qt::Key_Down);
+  turnWheel(find<QLineEdit>("T2(6)"), 1);
+  EXPECT_EQ(boxText("T2(6)"), "25") << "at the box as at its arrows";
+  QTest::keyClick(arrows, Qt::Key_Down);
   QTest::keyClicks(find<QLineEdit>("T2(6)"), "99");
   EXPECT_EQ(boxText("T2(6)"), "24") << "can't be typed into";
 }
@@ -108,6 +115,9 @@ TEST_F(Desktop, TypedAndPastedTextIsClamped) {
   pressArrow("Utfolle", Qt::DownArrow);
   QTest::keyClick(find<QLineEdit>("Ut"), Qt::Key_Down);
   EXPECT_EQ(boxText("Ut"), "65533");
+  find<QLineEdit>("Ut")->setText("2222");
+  find<QLineEdit>("TF(0)")->setText("7");
+  EXPECT_EQ(text("Uthossz") + " " + boxText("TF(0)"), "27.77 91") << "as a screen reader edits";
   replaceText("Tures", QStringLiteral("-5"));
   EXPECT_EQ(boxText("Tures"), "0");
 }
@@ -163,6 +173,11 @@ TEST_F(Desktop, ListsBoxesTabsAndMenusReachTheModel) {
   QTest::mouseClick(ports->viewport(), Qt::LeftButton, {}, third);
   QTest::mouseClick(ports->viewport(), Qt::LeftButton, Qt::ControlModifier, third);
   EXPECT_EQ(ports->selectedItems().size(), 1) << "the selection can't be removed";
+  for (const int row : {0, 2}) {
+    ports->item(row)->setSelected(true);
+    EXPECT_EQ(lap.port.LPT.ListIndex, row) << "as a screen reader selects";
+    EXPECT_EQ(ports->selectedItems(), QList<QListWidgetItem*>{ports->item(row)});
+  }
   find<QTabWidget>("SSTab1")->setCurrentIndex(2);
   EXPECT_EQ(journal, (Journal{"r3BC", "w3BC=0"}));
 
@@ -325,7 +340,7 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   testing::InitGoogleTest(&argc, argv);
   const QApplication application(argc, argv);
-  QApplication::setStyle(QStringLiteral("Fusion"));
+  QApplication::setStyle(new monitra::desktop::WindowStyle);
   monitra::desktop::installAccessibility();
   return RUN_ALL_TESTS();
 }

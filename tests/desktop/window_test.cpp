@@ -218,7 +218,9 @@ int cutOff(const QWidget* widget) {
   if (label != nullptr && label->wordWrap()) {
     return label->heightForWidth(label->width()) - label->height();
   }
-  if (dynamic_cast<const StatusLine*>(widget) != nullptr) return 0;
+  if (dynamic_cast<const StatusLine*>(widget) != nullptr) {
+    return font.horizontalAdvance(label->text()) - widget->width();
+  }
   const bool hasText = label != nullptr || widget->inherits("QAbstractButton") ||
                        widget->inherits("QGroupBox") || widget->inherits("QComboBox");
   const QSize least = widget->minimumSizeHint();
@@ -244,6 +246,12 @@ TEST_F(TheWindow, CutsNothingOffAndKeepsItsSizeAlsoWithLargerFonts) {
     lap.setup.Vegallas.Caption = "Végállások állapota: Záró";
     lap.setup.Uthossz.Caption = "19660";
     lap.load.Taptext.Text = " 166.6%";
+    lap.PortAllapot.Caption =
+        "A program nem ér el nyomtatóportot, semmit sem küld ki; próbához a Monitra Szimulátor "
+        "való.";
+    lap.Esemeny.Caption =
+        "Kiküldve 1488.8 ms alatt, a leghosszabb szünet két él között 100.0 ms volt. A vonal "
+        "egyirányú, nyugta nem jön.";
     for (int tab = 0; tab < 4; ++tab) {
       lap.SSTab1.Tab = tab;
       QApplication::processEvents();
@@ -274,13 +282,23 @@ TEST_F(TheWindow, TheTabKeyGoesAlongTheLinesOfEachTab) {
             "FolLe(0) FolLe(3) FolLe(6) FolLe(9) FolLe(1) FolLe(4) FolLe(7) FolLe(10) FolLe(2) "
             "FolLe(5) FolLe(8) FolLe(11) Funkcio Ut Utfolle Spm Tures Turesfolle Xegesz Yegesz "
             "Zegesz Letolt ");
-  lap.jog.Impulzus.click();
   EXPECT_EQ(path(2), "L(6) Leptet(0) L(7) Leptet(1) L(14) Leptet(2) TapFel TapStop TulH Teh200 ");
+  journal.clear();
+  find<QWidget>("L(6)")->setFocus();
+  std::string walked;
+  for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Right, Qt::Key_Down, Qt::Key_Up, Qt::Key_Up}) {
+    QTest::keyClick(QApplication::focusWidget(), key);
+    walked += QApplication::focusWidget()->objectName().toStdString() + " ";
+  }
+  EXPECT_EQ(walked, "L(0) L(2) L(3) L(2) L(0) ");
+  EXPECT_EQ(path(2).substr(0, 4), "L(6)") << "still the selected one";
+  EXPECT_EQ(journal, support::Journal{}) << "to walk along them sends nothing";
   lap.phases.L[11].click();
   EXPECT_EQ(path(2).substr(0, 32), "L(6) Leptet(0) L(11) Leptet(1) L");
   EXPECT_EQ(path(3), "InfoT ");
-  showTab(1);
-  lap.jog.Seb.type("5000");
+  EXPECT_EQ(path(1),
+            "Invert(0) Invert(1) Invert(2) Seb Impulzus LPT Bitcim(0) Bitcim(1) Bitcim(2) "
+            "Bitcim(3) Bitcim(4) Bitcim(5) Bitcim(6) Bitcim(7) Bitcim(8) Kuld Torles ");
   lap.jog.Impulzus.click();
   find<QWidget>("Mozg(0)")->setFocus();
   std::string names;
@@ -367,6 +385,33 @@ TEST_F(TheWindow, AScreenReaderFindsReadsAndPresses) {
   EXPECT_TRUE(QTest::qWaitFor([this] { return !lap.jog.Mozg[3].Held; })) << "only for a moment";
   lap.load.TapFel.click();
   EXPECT_EQ(access("LEDsav")->valueInterface()->currentValue(), 8);
+}
+
+TEST_F(TheWindow, HasItsGivenFontsAndColours) {
+  const auto look = [this](const char* name) {
+    const auto* const widget = find<QWidget>(name);
+    const QFont& font = widget->font();
+    return font.family().toStdString() + " " + QString::number(font.pointSizeF()).toStdString() +
+           (font.bold() ? " bold" : "") + (font.italic() ? " italic" : "");
+  };
+  EXPECT_EQ(look("Label21"), "Times New Roman 15.75 italic");
+  EXPECT_EQ(look("Label14"), "Arial 8.25 bold");
+  EXPECT_EQ(look("Label24"), "Arial 9.75");
+  EXPECT_EQ(look("Label29(1)"), "Times New Roman 18");
+  EXPECT_EQ(look("InfoT"), "Arial 8.25");
+  for (const char* const name : {"Label20", "lepes", "Vegallas", "Label6(2)", "Label2", "Label1",
+                                 "Label3(0)", "Label4(0)", "Cim1", "Cim2", "Figy2"}) {
+    EXPECT_TRUE(find<QLabel>(name)->font().bold()) << name;
+  }
+  for (const char* const name : {"Cim", "Label4(1)", "Label16(0)", "Label30", "PCBV"}) {
+    EXPECT_FALSE(find<QLabel>(name)->font().bold()) << name;
+  }
+  const auto colour = [this](const char* name, QPalette::ColorRole role) {
+    return find<QWidget>(name)->palette().color(role).name().toStdString();
+  };
+  EXPECT_EQ(colour("Label21", QPalette::WindowText), "#00c000");
+  EXPECT_EQ(colour("TF(0)", QPalette::Base) + colour("Taptext", QPalette::Base), "#000000#000000");
+  EXPECT_EQ(colour("Taptext", QPalette::Text), "#00ff00");
 }
 
 TEST_F(TheWindow, ColoursFollowTheTheme) {

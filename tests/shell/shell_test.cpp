@@ -144,11 +144,12 @@ TEST_F(Shell, AnUploadTellsItsTimeAndItsLongestPauseAndWhereNothingWentOut) {
   registers.late = std::chrono::microseconds(33);
   lap.setup.Letolt.click();
   EXPECT_EQ(lap.Esemeny.Caption.get(),
-            "Kiküldve 495.8 ms alatt, a leghosszabb szünet két él között 2.1 ms volt. A vezérlő "
-            "nem válaszol.");
+            "Kiküldve 495.8 ms alatt, a leghosszabb szünet két él között 2.1 ms volt. A vonal "
+            "egyirányú, nyugta nem jön.");
   portInUse = false;
   lap.setup.Letolt.click();
-  EXPECT_EQ(lap.Esemeny.Caption.get(), "Nem ment ki semmi, mert nincs elérhető nyomtatóport.");
+  EXPECT_EQ(lap.Esemeny.Caption.get(),
+            "Nem ment ki semmi, mert a program nem ér el nyomtatóportot.");
 }
 
 TEST_F(Shell, TwoMarksTellThatTheSetupHasChangedSinceItWasSavedAndSent) {
@@ -171,6 +172,10 @@ TEST_F(Shell, TwoMarksTellThatTheSetupHasChangedSinceItWasSavedAndSent) {
   dialog.path = scratch.path("b.pwm");
   lap.MFSetMent.click();
   const std::string file = scratch.read("b.pwm");
+  // Its function exists in the second edition only, so that opening it clears the list.
+  std::string firstEdition = file;
+  firstEdition.replace(file.find("\r\n 0\r\n"), 4, "\r\n 5");
+  firstEdition.replace(file.find("?\r\n 5\r\n"), 5, "?\r\n 1");
   // What each change does to the marks; all but the path per step are part of both.
   const std::pair<std::function<void()>, std::string> changes[] = {
       {[this] { lap.setup.FolLe[11].pressUp(); }, unsaved + "|" + unsent},
@@ -189,11 +194,16 @@ TEST_F(Shell, TwoMarksTellThatTheSetupHasChangedSinceItWasSavedAndSent) {
       {[&] { open(file); }, "|" + unsent},
       {[&] { open("300\r\n" + file.substr(file.find('\n') + 1)); }, unsaved + "|" + unsent},
       {[&] { open(file); }, "|" + unsent},
-      {[&] { open("91\r\n"); }, unsaved + "|" + unsent}};
+      {[&] { open("91\r\n"); }, unsaved + "|" + unsent},
+      {[&] { open(file); }, "|" + unsent},
+      {[&] { open(firstEdition); }, unsaved + "|Feltöltés óta módosult"},
+      {[&] { open(file); }, "|" + unsent},
+      {[&] { files.writesThatSucceed = 3, lap.MFSetMent.click(); }, "Nincs elmentve|" + unsent}};
   int n = 0;
   for (const auto& [change, expected] : changes) {
     change();
-    EXPECT_EQ(marks(), expected) << "change " << n++;
+    EXPECT_EQ(marks(), expected) << "change " << n;
+    ++n;
   }
   views = 0;
   lap.setup.Yegesz.click();

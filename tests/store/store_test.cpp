@@ -119,7 +119,7 @@ TEST_F(Store, OpenThenSaveGivesTheSameFile) {
        {startUpFile, otherFile, replaced(startUpFile, "V?.?.?", "V5 \xE1rv\xEDz\x81")}) {
     const OpenResult result = open(bytes);
     EXPECT_EQ(result.failure, Failure::None);
-    EXPECT_EQ(result.records, 22);
+    EXPECT_EQ(result.records.size(), 22U);
     EXPECT_EQ(result.adjusted, 0);
     EXPECT_EQ(save(), bytes);
   }
@@ -135,7 +135,7 @@ TEST_F(Store, OpenThenSaveGivesTheSameFile) {
 
 TEST_F(Store, OpeningAppliesEveryRecord) {
   panel.Spm.type("2");
-  EXPECT_EQ(open(otherFile).records, 22);
+  EXPECT_EQ(open(otherFile).records.size(), 22U);
   EXPECT_EQ(journal, (Journal{openDialog}));
   EXPECT_EQ(form.Caption.get(), "Vilor CNC Monitra V2.2.0  (teszt.pwm)");
   EXPECT_EQ(kozos.FirmwareNev, "");
@@ -192,14 +192,14 @@ TEST_F(Store, AShortFileAppliesWhatItHasAndSaysNothing) {
   panel.Xegesz.Checked = true;
   const OpenResult result = open(otherFile.substr(0, otherFile.find("V1.2.3")));
   EXPECT_EQ(result.failure, Failure::EndOfFile);
-  EXPECT_EQ(result.records, 15);
+  EXPECT_EQ(result.records.size(), 15U);
   EXPECT_EQ(journal, (Journal{openDialog}));
   EXPECT_EQ(panel.TF[0].Text.get() + "|" + panel.Ut.Text.get() + "|" + panel.Verz.Caption.get() +
                 "|" + kozos.VerFo,
             "1|65535|V?.?.?|5");
   EXPECT_TRUE(panel.Xegesz.Checked && panel.MBKTarso.Checked);
   EXPECT_EQ(kozos.Modositott, -1);
-  EXPECT_EQ(open("").records, 0);
+  EXPECT_EQ(open("").records.size(), 0U);
   EXPECT_EQ(form.Caption.get(), "Vilor CNC Monitra V2.2.0  (teszt.pwm)");
 }
 
