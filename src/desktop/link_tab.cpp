@@ -157,12 +157,14 @@ QLayout* LinkTab::loadBar() {
   return column;
 }
 
-/// A check box on a ground of its own, in every theme with black or white words on it.
+/// A check box on a ground of its own, with its own colours in every theme.
 QWidget* LinkTab::permit(std::string_view name, QColor ground, QColor words) {
   QWidget* const box = widgets_.make(name);
   QPalette colours = box->palette();
   colours.setColor(QPalette::Window, ground);
   colours.setColor(QPalette::WindowText, words);
+  colours.setColor(QPalette::Base, Qt::white);
+  colours.setColor(QPalette::Text, Qt::black);
   box->setPalette(colours);
   box->setBackgroundRole(QPalette::Window);
   box->setAutoFillBackground(true);
