@@ -40,7 +40,6 @@ class SpinArrowsAccess : public QAccessibleWidget, public QAccessibleValueInterf
 
   QStringList actionNames() const override { return {increaseAction(), decreaseAction()}; }
   void doAction(const QString& action) override {
-    if (!arrows_->isEnabled()) return;
     if (action == increaseAction()) emit arrows_->upPressed();
     if (action == decreaseAction()) emit arrows_->downPressed();
   }

@@ -153,10 +153,16 @@ TEST_F(BenchTabs, TheSpaceBarHoldsAJogButtonOnlyWhileItRepeats) {
   for (const auto& [code, modifier] :
        {std::pair(Qt::Key_Escape, Qt::NoModifier), std::pair(Qt::Key_Space, Qt::ControlModifier)}) {
     press(false);
-    QTest::keyClick(jog, code, modifier);
+    QTest::keyPress(jog, code, modifier);
     EXPECT_FALSE(held());
+    QTest::keyRelease(jog, code, modifier);
   }
   const QPoint middle = jog->rect().center();
+  press(false);
+  QTest::mouseMove(jog, middle);
+  QTest::mouseMove(jog, middle + QPoint(2, 2));
+  EXPECT_TRUE(held()) << "the mouse passing over it doesn't matter";
+  key(QEvent::KeyRelease, Qt::Key_Space, false);
   QTest::mousePress(jog, Qt::LeftButton, {}, middle);
   press(false);
   EXPECT_FALSE(held()) << "any key lets go what the mouse holds";

@@ -311,6 +311,11 @@ TEST_F(TheWindow, TheTabKeyGoesAlongTheLinesOfEachTab) {
             "SpindleGomb Seb Impulzus ");
 }
 
+TEST(WidgetMaker, MarksAMnemonicAndKeepsAnAmpersand) {
+  EXPECT_EQ(withMnemonic("Rossz & jó", 'j'), QString::fromUtf8("Rossz && &jó"));
+  EXPECT_EQ(withMnemonic("Cím", 0), QString::fromUtf8("Cím"));
+}
+
 TEST_F(TheWindow, AMnemonicReachesItsFieldAndMovesNothingOnTheMachine) {
   struct Case {
     int tab;
