@@ -11,7 +11,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
-#include <type_traits>
 #include <variant>
 
 #include "desktop/bindings.h"
@@ -81,37 +80,39 @@ QWidget* newWidget(Kind kind) {
   Q_UNREACHABLE();
 }
 
-/// Binds a widget to a control if there is a binding for the two.
-template <class Widget, class Control>
-bool bindIf(QWidget* widget, Control& control) {
-  auto* const fitting = dynamic_cast<Widget*>(widget);
-  if (fitting != nullptr) bind(fitting, control);
-  return fitting != nullptr;
-}
-
+/// Binds the widget to its control, as the one of the given types that it is.
 struct Binder {
   QWidget* widget;
 
   void operator()(std::monostate /*none*/) const {}
-  void operator()(controls::Label* control) const { bindIf<QLabel>(widget, *control); }
-  void operator()(controls::TextBox* control) const {
-    bindIf<QLineEdit>(widget, *control) || bindIf<QPlainTextEdit>(widget, *control);
-  }
-  void operator()(controls::SpinButton* control) const { bindIf<SpinArrows>(widget, *control); }
-  void operator()(controls::CheckBox* control) const { bindIf<QCheckBox>(widget, *control); }
-  void operator()(controls::PushButton* control) const { bindIf<QPushButton>(widget, *control); }
-  void operator()(controls::ToggleButton* control) const { bindIf<QPushButton>(widget, *control); }
-  void operator()(controls::HoldButton* control) const { bindIf<JogButton>(widget, *control); }
-  void operator()(controls::OptionButton* control) const { bindIf<QRadioButton>(widget, *control); }
-  void operator()(controls::PickList* control) const {
-    bindIf<QComboBox>(widget, *control) || bindIf<QListWidget>(widget, *control);
-  }
-  void operator()(controls::ProgressBar* control) const { bindIf<QProgressBar>(widget, *control); }
-  void operator()(controls::LedMeter* control) const { bindIf<LedBar>(widget, *control); }
-  void operator()(controls::Frame* control) const { bindIf<QGroupBox>(widget, *control); }
-  void operator()(controls::TabStrip* control) const { bindIf<QTabWidget>(widget, *control); }
+  void operator()(controls::Label* control) const { bindAs<QLabel>(*control); }
+  void operator()(controls::TextBox* control) const { bindAs<QLineEdit, QPlainTextEdit>(*control); }
+  void operator()(controls::SpinButton* control) const { bindAs<SpinArrows>(*control); }
+  void operator()(controls::CheckBox* control) const { bindAs<QCheckBox>(*control); }
+  void operator()(controls::PushButton* control) const { bindAs<QPushButton>(*control); }
+  void operator()(controls::ToggleButton* control) const { bindAs<QPushButton>(*control); }
+  void operator()(controls::HoldButton* control) const { bindAs<JogButton>(*control); }
+  void operator()(controls::OptionButton* control) const { bindAs<QRadioButton>(*control); }
+  void operator()(controls::PickList* control) const { bindAs<QComboBox, QListWidget>(*control); }
+  void operator()(controls::ProgressBar* control) const { bindAs<QProgressBar>(*control); }
+  void operator()(controls::LedMeter* control) const { bindAs<LedBar>(*control); }
+  void operator()(controls::Frame* control) const { bindAs<QGroupBox>(*control); }
+  void operator()(controls::TabStrip* control) const { bindAs<QTabWidget>(*control); }
   void operator()(controls::Line* /*drawn*/) const {}
   void operator()(controls::MenuEntry* /*in a menu*/) const {}
+
+ private:
+  template <class... Widgets, class Control>
+  void bindAs(Control& control) const {
+    [[maybe_unused]] const bool bound = (tryAs<Widgets>(control) || ...);
+    Q_ASSERT_X(bound, "bind", qPrintable(widget->objectName()));
+  }
+  template <class Widget, class Control>
+  bool tryAs(Control& control) const {
+    auto* const fitting = dynamic_cast<Widget*>(widget);
+    if (fitting != nullptr) bind(fitting, control);
+    return fitting != nullptr;
+  }
 };
 
 void giveCaption(QWidget* widget, const ControlDescription& entry) {
