@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "desktop/main_window.h"
+#include "host/pacer.h"
 #include "ports/recorder.h"
 #include "ports/simulated_port.h"
 #include "support/program.h"
@@ -19,7 +20,8 @@ int main(int argc, char** argv) {
 
   support::Program fakes;
   ports::SimulatedPort simulated;
-  ports::Recorder recorder(simulated, fakes.registers);
+  host::Pacer clock;
+  ports::Recorder recorder(simulated, clock);
   const shell::Outside& outside = fakes.outside;
   shell::Lap lap({recorder, recorder, outside.box, outside.Fileablak, outside.files,
                   outside.codePage, outside.settings, outside.program, outside.portInUse, [] {},

@@ -65,7 +65,11 @@ JogButton::JogButton(QWidget* parent) : QWidget(parent) {
   connect(&signOfLife_, &QTimer::timeout, this, [] { QCursor::pos(); });
   keyHold_.setSingleShot(true);
   keyHold_.setInterval(keyMilliseconds);
-  connect(&keyHold_, &QTimer::timeout, this, [this] { release(); });
+  connect(&keyHold_, &QTimer::timeout, this, [this] {
+    const bool goesOn = repeats_;
+    release();
+    repeats_ = goesOn;
+  });
   connect(qApp, &QGuiApplication::focusWindowChanged, this, [this] { release(); });
 }
 
@@ -81,15 +85,23 @@ void JogButton::serve(controls::HoldButton& control) {
 
 void JogButton::showHeld() {
   isHeld() ? signOfLife_.start() : signOfLife_.stop();
-  if (!isHeld()) keyHold_.stop();
+  if (!isHeld()) {
+    keyHold_.stop();
+    repeats_ = false;
+  }
   update();
 }
 
 void JogButton::release() {
+  repeats_ = false;
   if (control_ != nullptr) control_->release();
 }
 
 void JogButton::nudge() {
+  const bool reachable = isVisible() && !window()->isMinimized() &&
+                         QApplication::activeModalWidget() == nullptr &&
+                         QApplication::activePopupWidget() == nullptr;
+  if (!reachable) return;
   if (!isHeld()) control_->press();
   if (isHeld()) keyHold_.start();
 }
@@ -108,6 +120,7 @@ bool JogButton::eventFilter(QObject* /*watched*/, QEvent* event) {
 void JogButton::mousePressEvent(QMouseEvent* /*event*/) {
   control_->press();
   keyHold_.stop();
+  repeats_ = false;
 }
 
 void JogButton::mouseReleaseEvent(QMouseEvent* /*event*/) {
@@ -130,7 +143,8 @@ void JogButton::checkMouse(Qt::MouseButtons buttons) {
 void JogButton::keyPressEvent(QKeyEvent* event) {
   const bool heldByMouse = isHeld() && !keyHold_.isActive();
   if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier && !heldByMouse) {
-    nudge();
+    if (!event->isAutoRepeat()) repeats_ = true;
+    if (repeats_) nudge();
     return;
   }
   release();
@@ -138,7 +152,8 @@ void JogButton::keyPressEvent(QKeyEvent* event) {
 }
 
 void JogButton::keyReleaseEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Space && !event->isAutoRepeat() && keyHold_.isActive()) release();
+  const bool heldByMouse = isHeld() && !keyHold_.isActive();
+  if (event->key() == Qt::Key_Space && !event->isAutoRepeat() && !heldByMouse) release();
   QWidget::keyReleaseEvent(event);
 }
 

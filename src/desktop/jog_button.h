@@ -14,8 +14,8 @@ namespace monitra::desktop {
 /// alone.
 ///
 /// A window manager can swallow the release of a key. So a press of the space bar holds it for a
-/// moment only, and from then on each repetition of the key does: one step, a pause, then on and
-/// on, as the keyboard repeats. Any other key lets it go.
+/// moment only, and behind it each repetition of the same press does: a short move, a pause, then
+/// on and on, as the keyboard repeats. What lets it go ends that, and any other key lets it go.
 ///
 /// While it is held the display is asked for a sign of life: a display that hangs delivers no
 /// release, so the thread waits for it, and with the thread the pulses.
@@ -32,7 +32,8 @@ class JogButton : public QWidget {
   /// The control must outlive it, and not change after it.
   void serve(controls::HoldButton& control);
 
-  /// Holds it for as long as one press of the space bar does.
+  /// Holds it for as long as one press of the space bar does, where the user can see and reach it:
+  /// not on a hidden tab, in a minimised window or under a dialog.
   void nudge();
 
  protected:
@@ -55,7 +56,8 @@ class JogButton : public QWidget {
   Qt::ArrowType arrow_ = Qt::NoArrow;
   controls::HoldButton* control_ = nullptr;
   QTimer signOfLife_;
-  QTimer keyHold_;  ///< runs while a key holds it
+  QTimer keyHold_;        ///< runs while a key holds it
+  bool repeats_ = false;  ///< repetitions of the space bar's present press hold it again
 };
 
 }  // namespace monitra::desktop

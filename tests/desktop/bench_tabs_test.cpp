@@ -146,6 +146,7 @@ TEST_F(BenchTabs, TheSpaceBarHoldsAJogButtonOnlyWhileItRepeats) {
   EXPECT_TRUE(held());
   EXPECT_TRUE(QTest::qWaitFor([this] { return !held(); })) << "a release that never comes";
   press(true);
+  EXPECT_TRUE(held()) << "a repetition of the same press";
   key(QEvent::KeyRelease, Qt::Key_Space, true);
   EXPECT_TRUE(held()) << "the keyboard repeats a key as presses and releases";
   key(QEvent::KeyRelease, Qt::Key_Space, false);
@@ -155,6 +156,8 @@ TEST_F(BenchTabs, TheSpaceBarHoldsAJogButtonOnlyWhileItRepeats) {
     press(false);
     QTest::keyPress(jog, code, modifier);
     EXPECT_FALSE(held());
+    press(true);
+    EXPECT_FALSE(held()) << "a repetition starts nothing";
     QTest::keyRelease(jog, code, modifier);
   }
   const QPoint middle = jog->rect().center();
@@ -166,6 +169,8 @@ TEST_F(BenchTabs, TheSpaceBarHoldsAJogButtonOnlyWhileItRepeats) {
   QTest::mousePress(jog, Qt::LeftButton, {}, middle);
   press(false);
   EXPECT_FALSE(held()) << "any key lets go what the mouse holds";
+  press(true);
+  EXPECT_FALSE(held()) << "and its repetition doesn't start it again";
   QTest::mouseRelease(jog, Qt::LeftButton, {}, middle);
   press(false);
   QTest::mousePress(jog, Qt::LeftButton, {}, middle);

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
@@ -207,6 +208,15 @@ TEST_F(TheWindow, AScreenReaderFindsReadsAndPresses) {
   press("Mozg(3)", QAccessibleActionInterface::pressAction());
   EXPECT_TRUE(lap.jog.Mozg[3].Held);
   EXPECT_TRUE(QTest::qWaitFor([this] { return !lap.jog.Mozg[3].Held; })) << "only for a moment";
+  QMessageBox message(window.get());
+  message.open();
+  press("Mozg(3)", QAccessibleActionInterface::pressAction());
+  EXPECT_FALSE(lap.jog.Mozg[3].Held) << "under a box";
+  message.close();
+  showTab(0);
+  lap.jog.Impulzus.Value = true;
+  press("Mozg(3)", QAccessibleActionInterface::pressAction());
+  EXPECT_FALSE(lap.jog.Mozg[3].Held) << "on a hidden tab";
   lap.load.TapFel.click();
   EXPECT_EQ(access("LEDsav")->valueInterface()->currentValue(), 8);
 }

@@ -144,6 +144,7 @@ TEST_F(Shell, AnUploadTellsItsTimeAndItsLongestPauseAndWhereNothingWentOut) {
   for (const auto& [late, figures] :
        {std::pair(330, std::array{"638.4", "2.7"}), std::pair(33, std::array{"495.8", "2.1"})}) {
     registers.late = std::chrono::microseconds(late);
+    registers.time += std::chrono::hours(3);
     lap.setup.Letolt.click();
     EXPECT_EQ(lap.Esemeny.Caption.get(), std::string("Kiküldve ") + figures[0] +
                                              " ms alatt, a leghosszabb szünet két él között " +
