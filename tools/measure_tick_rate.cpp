@@ -29,7 +29,6 @@ int main(int argc, char** argv) {
   lap.Form_Load();
   desktop::MainWindow window(lap);
   window.showCentred();
-  window.complete();
   lap.SSTab1.Tab = 1;
   lap.jog.Seb.type(rate);
   // The window gets the focus first, which would stop the generator.

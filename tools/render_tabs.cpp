@@ -48,7 +48,6 @@ int main(int argc, char** argv) {
       "Szimulált port: a jelek egy virtuális vezérlőhöz mennek, a gép nem mozdul.";
   desktop::MainWindow window(program.lap);
   window.showCentred();
-  window.complete();
   const char* const names[] = {"motor-setup", "teszt", "pc-link", "info"};
   int tab = 0;
   for (const char* const name : names) {

@@ -10,10 +10,8 @@
 #include <QScreen>
 #include <QSignalBlocker>
 #include <QTabWidget>
-#include <QTimer>
 #include <QVBoxLayout>
 #include <span>
-#include <utility>
 #include <variant>
 
 #include "desktop/bindings.h"
@@ -68,9 +66,7 @@ MainWindow::MainWindow(shell::Lap& lap) : lap_(lap) {
   auto* rows = new QVBoxLayout(content);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(4);
-  tabs_ = addTabs();
-  fill<SetupTab>(0);
-  rows->addWidget(tabs_, 1);
+  rows->addWidget(addTabs(), 1);
   rows->addWidget(new Footer(widgets_));
   const double pixelsPerTwip = logicalDpiX() / 1440.0;
   content->setMinimumSize(qRound(shell::clientWidth * pixelsPerTwip),
@@ -104,33 +100,15 @@ void MainWindow::addMenus() {
 
 QTabWidget* MainWindow::addTabs() {
   auto* const tabs = widgets_.make<QTabWidget>("SSTab1");
+  QWidget* const pages[] = {new SetupTab(widgets_), new TestTab(widgets_), new LinkTab(widgets_),
+                            new InfoTab(widgets_)};
   const QSignalBlocker whileFilling(tabs);
+  int at = 0;
   for (const shell::TabDescription& tab : shell::tabs()) {
-    auto* const page = new QWidget;
-    (new QVBoxLayout(page))->setContentsMargins(0, 0, 0, 0);
-    tabs->addTab(page, withMnemonic(tab.caption, tab.mnemonic));
+    tabs->addTab(pages[at++], withMnemonic(tab.caption, tab.mnemonic));
   }
+  tabs->setCurrentIndex(lap_.SSTab1.Tab);
   return tabs;
-}
-
-template <class Tab>
-void MainWindow::fill(int page) {
-  tabs_->widget(page)->layout()->addWidget(new Tab(widgets_));
-}
-
-void MainWindow::complete() {
-  if (std::exchange(complete_, true)) return;
-  fill<TestTab>(1);
-  fill<LinkTab>(2);
-  fill<InfoTab>(3);
-  joinBuddies(*this);
-}
-
-bool MainWindow::event(QEvent* event) {
-  if (event->type() == QEvent::Paint && !complete_) {
-    QTimer::singleShot(0, this, [this] { complete(); });
-  }
-  return QMainWindow::event(event);
 }
 
 void MainWindow::showCentred() {

@@ -86,10 +86,7 @@ bool isOperated(Kind kind) {
 
 /// The window ahead of the start-up, as it is described.
 struct DesignedWindow : testing::Test, support::Program {
-  DesignedWindow() {
-    window.showCentred();
-    window.complete();
-  }
+  DesignedWindow() { window.showCentred(); }
   MainWindow window{lap};
 };
 

@@ -54,10 +54,11 @@ TEST_F(TheWindow, CutsNothingOffAndKeepsItsSizeAlsoWithLargerFonts) {
     QFont larger = font;
     larger.setPointSizeF(font.pointSizeF() * factor);
     QApplication::setFont(larger);
+    lap.SSTab1.Tab = 0;
     MainWindow& fresh = *windows.emplace_back(std::make_unique<MainWindow>(lap));
     fresh.showCentred();
+    QApplication::processEvents();
     const QSize first = fresh.size();
-    fresh.complete();
     // The values at their longest.
     for (auto* const value : {&lap.setup.Csucsf[0], &lap.setup.Nhatar[1]}) {
       value->Caption = "30303.0 S/s";
@@ -75,7 +76,7 @@ TEST_F(TheWindow, CutsNothingOffAndKeepsItsSizeAlsoWithLargerFonts) {
     for (int tab = 0; tab < 4; ++tab) {
       lap.SSTab1.Tab = tab;
       QApplication::processEvents();
-      EXPECT_EQ(fresh.size(), first) << "behind its first frame";
+      EXPECT_EQ(fresh.size(), first) << "of one tab as of another";
       for (const QWidget* const widget : fresh.findChildren<QWidget*>()) {
         if (!widget->isVisible() || widget->objectName().isEmpty()) continue;
         EXPECT_LE(cutOff(widget), 0) << widget->objectName().toStdString() << " at " << factor;

@@ -15,7 +15,6 @@ struct Window : testing::Test, Program {
     lap.Form_Load();
     window = std::make_unique<desktop::MainWindow>(lap);
     window->showCentred();
-    window->complete();
     activate();
     journal.clear();
   }
