@@ -23,8 +23,8 @@ int main(int argc, char** argv) {
   host::Pacer clock;
   ports::Recorder recorder(simulated, clock);
   const shell::Outside& outside = fakes.outside;
-  shell::Lap lap({recorder, recorder, outside.box, outside.Fileablak, outside.files,
-                  outside.codePage, outside.settings, outside.program, outside.portInUse, [] {},
+  shell::Lap lap({recorder, simulated, recorder, outside.box, outside.remedies, outside.Fileablak,
+                  outside.files, outside.codePage, outside.settings, outside.program, [] {},
                   [] {}});
   lap.Form_Load();
   desktop::MainWindow window(lap);

@@ -43,9 +43,8 @@ int main(int argc, char** argv) {
   const std::filesystem::path beside = host::programIdentity("").Path;
   std::error_code missing;
   std::filesystem::copy_file(beside / "Info.txt", program.scratch.path("Info.txt"), missing);
+  program.ports.now.kind = platform::PortState::Kind::Simulated;
   program.lap.Form_Load();
-  program.lap.PortAllapot.Caption =
-      "Szimulált port: a jelek egy virtuális vezérlőhöz mennek, a gép nem mozdul.";
   desktop::MainWindow window(program.lap);
   window.showCentred();
   const char* const names[] = {"motor-setup", "teszt", "pc-link", "info"};

@@ -2,17 +2,16 @@
 
 #include "apps/window_program.h"
 #include "first_frame.h"
-#include "ports/register_memory.h"
+#include "ports/real_ports.h"
 
 /// The program as it is up to its first frame.
 int main(int argc, char** argv) {
-  monitra::ports::RegisterMemory noPort;
+  monitra::ports::RealPorts ports;
   const auto watch = [](monitra::shell::Lap&) {
     for (QWidget* const window : QApplication::topLevelWidgets()) {
       if (window->isVisible()) new FirstFrame(window);
     }
   };
   return monitra::apps::run(argc, argv,
-                            {"Monitra Setup", ":/pictures/monitra.svg",
-                             "Nincs elérhető nyomtatóport.", noPort, false, watch});
+                            {"Monitra Setup", ":/pictures/monitra.svg", ports, ports, watch});
 }

@@ -1,14 +1,8 @@
 #include "apps/window_program.h"
-#include "ports/register_memory.h"
+#include "ports/real_ports.h"
 
 int main(int argc, char** argv) {
-  monitra::ports::RegisterMemory noPort;
+  monitra::ports::RealPorts ports;
   return monitra::apps::run(argc, argv,
-                            {"Monitra Setup",
-                             ":/pictures/monitra.svg",
-                             "A program nem ér el nyomtatóportot, semmit sem küld ki; próbához "
-                             "a Monitra Szimulátor való.",
-                             noPort,
-                             false,
-                             {}});
+                            {"Monitra Setup", ":/pictures/monitra.svg", ports, ports, {}});
 }

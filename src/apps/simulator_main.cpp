@@ -102,9 +102,7 @@ class Report {
 int main(int argc, char** argv) {
   ports::SimulatedPort port;
   std::unique_ptr<Report> report;
-  return apps::run(
-      argc, argv,
-      {"Monitra Szimulátor", ":/pictures/szimulator.svg",
-       "Szimulált port: a jelek egy virtuális vezérlőhöz mennek, a gép nem mozdul.", port, true,
-       [&](shell::Lap& lap) { report = std::make_unique<Report>(lap, port); }});
+  return apps::run(argc, argv,
+                   {"Monitra Szimulátor", ":/pictures/szimulator.svg", port, port,
+                    [&](shell::Lap& lap) { report = std::make_unique<Report>(lap, port); }});
 }

@@ -12,6 +12,7 @@
 #include "desktop/main_window.h"
 #include "desktop/qt_file_dialog.h"
 #include "desktop/qt_message_box.h"
+#include "desktop/qt_remedy_box.h"
 #include "desktop/window_style.h"
 #include "host/executable.h"
 #include "host/host_files.h"
@@ -54,19 +55,20 @@ int run(int argc, char** argv, const WindowProgram& program) {
   settings::JsonSettings settings(settings::userSettingsFolder());
   desktop::QtMessageBox box(QString::fromUtf8(program.title));
   desktop::QtFileDialog dialog;
-  shell::Lap lap({program.registers, pacer, box, dialog, files, codePage, settings, identity,
-                  [&program] { return program.portInUse; }, [] { QApplication::beep(); },
+  desktop::QtRemedyBox remedies(QString::fromUtf8(program.title));
+  shell::Lap lap({program.registers, program.ports, pacer, box, remedies, dialog, files, codePage,
+                  settings, identity, [] { QApplication::beep(); },
                   [] { std::_Exit(EXIT_SUCCESS); }});
   lap.Form_Load();
-  lap.PortAllapot.Caption = program.portStatus;
   if (settings.isDamaged(identity.EXEName)) lap.Esemeny.Caption = shell::damagedPreferencesText();
   const desktop::EndWatch watch([&lap] { lap.endWithoutQuestion(); });
   desktop::MainWindow window(lap);
   box.setParent(&window);
+  remedies.setParent(&window);
   dialog.setParent(&window);
   window.showCentred();
   if (program.started) program.started(lap);
-  std::cout << program.portStatus << std::endl;
+  std::cout << lap.PortAllapot.Caption.get() << std::endl;
   const int exitCode = QApplication::exec();
   lap.endWithoutQuestion();
   return exitCode;

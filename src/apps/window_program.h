@@ -3,17 +3,17 @@
 #include <functional>
 
 #include "platform/port_registers.h"
+#include "platform/port_states.h"
 #include "shell/lap.h"
 
 namespace monitra::apps {
 
 /// What sets one program with the window apart from another.
 struct WindowProgram {
-  const char* title;       ///< caption of its message boxes
-  const char* icon;        ///< of the window and the task bar
-  const char* portStatus;  ///< what the footer and standard output say of the port
+  const char* title;  ///< caption of its message boxes
+  const char* icon;   ///< of the window and the task bar
   platform::PortRegisters& registers;
-  bool portInUse;  ///< whether the registers are those of a port, simulated or not
+  platform::PortStates& ports;
   /// Called with the started Lap once the window shows; may be empty.
   std::function<void(shell::Lap&)> started;
 };

@@ -1,6 +1,7 @@
 #include "desktop/footer.h"
 
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "desktop/text.h"
@@ -35,7 +36,7 @@ Footer::Footer(const WidgetMaker& widgets) {
   rows->setContentsMargins(9, 0, 9, 4);
   rows->setSpacing(2);
   rows->addLayout(names(widgets));
-  rows->addWidget(bold(widgets.make<QLabel>("PortAllapot")));
+  rows->addLayout(port(widgets));
   rows->addWidget(widgets.make("Esemeny"));
   rows->addLayout(marks(widgets));
 }
@@ -57,6 +58,16 @@ QHBoxLayout* Footer::names(const WidgetMaker& widgets) {
     maker->addWidget(address);
   }
   row->addLayout(maker);
+  return row;
+}
+
+QHBoxLayout* Footer::port(const WidgetMaker& widgets) {
+  QHBoxLayout* const row = flatRow();
+  row->addWidget(bold(widgets.make<QLabel>("PortAllapot")), 1);
+  auto* const remedy = widgets.make<QPushButton>("PortTeendo");
+  constexpr int margin = 10;
+  remedy->setFixedHeight(remedy->fontMetrics().height() + margin);
+  row->addWidget(remedy);
   return row;
 }
 

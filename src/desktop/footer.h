@@ -16,6 +16,7 @@ class Footer : public QWidget {
 
  private:
   QHBoxLayout* names(const WidgetMaker& widgets);
+  QHBoxLayout* port(const WidgetMaker& widgets);
   QHBoxLayout* marks(const WidgetMaker& widgets);
 };
 

@@ -46,6 +46,7 @@ void Upload::Letolt_Click() {
       "Kész a vezérlő az adatok fogadására?",
       box_style::exclamation | box_style::yesNo);
   if (ready == BoxAnswer::Yes) {
+    sending.raise();
     send(setupMessage(panel_.spinValues()));
     sent.raise();
     box_.MsgBox(

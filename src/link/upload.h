@@ -15,6 +15,9 @@ inline constexpr std::uint8_t SetupZaro = 255;
 
 using SetupMessage = std::array<std::uint8_t, 20>;
 
+/// Register writes of one upload.
+inline constexpr long uploadWrites = 20 * 8 * 3;
+
 /// The message that carries a Setup into the controller, in sending order.
 SetupMessage setupMessage(const timing::Setup& setup);
 
@@ -26,8 +29,9 @@ class Upload {
   /// Asks, and on Yes sends the whole message in one blocking run.
   void Letolt_Click();
 
-  controls::Event begun;  ///< the question is about to come up
-  controls::Event sent;   ///< the last byte is out, the final words have not come up yet
+  controls::Event begun;    ///< the question is about to come up
+  controls::Event sending;  ///< it was answered by Yes, the first byte is about to go out
+  controls::Event sent;     ///< the last byte is out, the final words have not come up yet
 
   /// Of the last message sent.
   const LineTiming& timing() const { return timing_; }

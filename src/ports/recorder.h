@@ -28,6 +28,7 @@ class Recorder : public platform::PortRegisters, public platform::Sleeper {
   std::uint8_t DlPortReadPortUchar(std::int32_t address) override;
   void DlPortWritePortUchar(std::int32_t address, std::uint8_t value) override;
   void Sleep(int milliseconds) override;
+  void bePunctual(bool on) override { sleeper_.bePunctual(on); }
   std::chrono::nanoseconds now() const override { return sleeper_.now(); }
 
   const std::vector<PortEvent>& events() const { return events_; }

@@ -2,11 +2,12 @@
 
 #include <utility>
 
+#include "ports/port_driver.h"
+
 namespace monitra::ports {
 
 namespace {
 
-constexpr std::int32_t controlOffset = 2;
 /// A sender holds each level for a millisecond; a controller that waits for more gives up.
 constexpr std::chrono::milliseconds patience{200};
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/port_registers.h"
+#include "platform/port_states.h"
 #include "ports/register_memory.h"
 #include "ports/virtual_controller.h"
 
@@ -15,7 +16,7 @@ namespace monitra::ports {
 
 /// Printer ports at the three usual addresses. On each hangs a virtual controller of either board
 /// revision, and both see the levels of all pins.
-class SimulatedPort : public platform::PortRegisters {
+class SimulatedPort : public platform::PortRegisters, public platform::PortStates {
  public:
   using Clock = std::function<std::chrono::nanoseconds()>;
 
@@ -23,11 +24,15 @@ class SimulatedPort : public platform::PortRegisters {
   explicit SimulatedPort(Clock clock = [] {
     return std::chrono::steady_clock::now().time_since_epoch();
   });
-  SimulatedPort(const SimulatedPort&) = delete;
-  SimulatedPort& operator=(const SimulatedPort&) = delete;
 
   std::uint8_t DlPortReadPortUchar(std::int32_t address) override;
   void DlPortWritePortUchar(std::int32_t address, std::uint8_t value) override;
+
+  platform::PortState state(std::int32_t entry) override {
+    return {.kind = platform::PortState::Kind::Simulated, .address = entry};
+  }
+  void tryAgain(std::int32_t /*entry*/) override {}
+  long vanished() const override { return 0; }
 
   /// On every port a machine with this board comes new in place of the one with the same board,
   /// which has seen pins that were meant for another.

@@ -75,8 +75,12 @@ std::string sentText(const link::LineTiming& timing) {
          " volt. A vonal egyirányú, nyugta nem jön.";
 }
 
+std::string cutShortText() {
+  return "A port feltöltés közben eltűnt, a Setup nem ment ki egészen. Töltse fel újra!";
+}
+
 std::string nothingSentText() {
-  return "Nem ment ki semmi, mert a program nem ér el nyomtatóportot.";
+  return "Nem ment ki semmi, mert nincs használható port. A port sora megmondja, miért.";
 }
 
 std::string generatorText(int interval) {

@@ -28,8 +28,9 @@ std::string faultText(const firmware::ImageFault& fault, const std::string& name
 /// So many values of a file were outside their range.
 std::string adjustedText(int values);
 
-/// An upload has gone out, or has not because there is no port.
+/// An upload has gone out, or only in part because its port went away, or not at all without one.
 std::string sentText(const link::LineTiming& timing);
+std::string cutShortText();
 std::string nothingSentText();
 
 /// The pulse generator runs with this interval in milliseconds; 0: it never ticks.

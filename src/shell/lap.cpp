@@ -5,6 +5,7 @@
 
 #include "shell/event_texts.h"
 #include "shell/file_kind.h"
+#include "shell/port_texts.h"
 #include "shell/window_controls.h"
 #include "store/text_reader.h"
 #include "store/window_title.h"
@@ -44,8 +45,11 @@ Lap::Lap(Outside outside)
   bindMenus();
   SSTab1.Tab.handle([this] { SSTab1_Click(); });
   upload_.begun.handle([this] { Esemeny.Caption = ""; });
+  upload_.sending.handle([this] { vanishedBefore_ = outside_.ports.vanished(); });
   upload_.sent.handle([this] { tellUploaded(); });
   bindBench();
+  PortTeendo.Click.handle([this] { PortTeendo_Click(); });
+  outside_.ports.changed = [this] { showPort(); };
 }
 
 void Lap::bindMenus() {
@@ -85,6 +89,8 @@ void Lap::Form_Load() {
   line_.SorosAlap();
   editions_.MBKTarso_Click();
   marks.saved();
+  port.LPT.ListIndex.observe([this] { showPort(); });
+  showPort();
 }
 
 void Lap::loadInfo() {
@@ -142,10 +148,26 @@ void Lap::SSTab1_Click() {
   if (SSTab1.Tab == pcLink) line_.SorosAlap();
 }
 
+void Lap::PortTeendo_Click() {
+  const auto remedy = [this] {
+    return portRemedy(outside_.ports.state(selectedAddress()), port.LPT.text());
+  };
+  while (outside_.remedies.show(remedy())) outside_.ports.tryAgain(selectedAddress());
+}
+
+void Lap::showPort() {
+  PortAllapot.Caption = portText(outside_.ports.state(selectedAddress()), port.LPT.text());
+}
+
 void Lap::tellUploaded() {
-  const bool wentOut = outside_.portInUse();
-  if (wentOut) marks.sent();
-  Esemeny.Caption = wentOut ? sentText(upload_.timing()) : nothingSentText();
+  const bool inUse = outside_.ports.state(selectedAddress()).inUse();
+  const long vanished = outside_.ports.vanished() - vanishedBefore_;
+  if (inUse && vanished == 0) {
+    marks.sent();
+    Esemeny.Caption = sentText(upload_.timing());
+  } else {
+    Esemeny.Caption = vanished < link::uploadWrites ? cutShortText() : nothingSentText();
+  }
   uploaded.raise();
 }
 

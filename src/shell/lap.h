@@ -19,7 +19,9 @@
 #include "platform/files.h"
 #include "platform/message_box.h"
 #include "platform/port_registers.h"
+#include "platform/port_states.h"
 #include "platform/program_identity.h"
+#include "platform/remedy_box.h"
 #include "platform/settings_store.h"
 #include "platform/sleeper.h"
 #include "shell/setup_marks.h"
@@ -37,15 +39,15 @@ namespace monitra::shell {
 /// All that the program asks of the outside world. What it refers to must outlive the Lap.
 struct Outside {
   platform::PortRegisters& registers;
+  platform::PortStates& ports;
   platform::Sleeper& sleeper;
   platform::MessageBox& box;
+  platform::RemedyBox& remedies;
   platform::FileDialog& Fileablak;
   platform::Files& files;
   const platform::CodePage& codePage;
   platform::SettingsStore& settings;
   const platform::ProgramIdentity& program;
-  /// Whether what is written to the registers goes out on a port, simulated or not.
-  std::function<bool()> portInUse;
   /// A short sound.
   std::function<void()> Beep;
   /// Ends the process at once.
@@ -78,6 +80,7 @@ class Lap {
   void MFkilepes_Click();
   void Nev_Click();
   void SSTab1_Click();
+  void PortTeendo_Click();
 
   /// Read a firmware file, and write a copy of it with the present Setup. No control leads here.
   OpenedFirmware openFirmware();
@@ -90,6 +93,8 @@ class Lap {
   /// For a caller that needs to know how an operation went.
   store::SetupFiles& setupFiles() { return files_; }
   link::Pcb pcb() const { return port_.pcb(); }
+  std::int32_t selectedAddress() const { return port_.selectedAddress(); }
+  link::CommandFrames& frames() { return frames_; }
 
   timing::Kozos kozos;
   controls::Form form;
@@ -107,9 +112,10 @@ class Lap {
   controls::MenuEntry Nev;
   controls::TextBox InfoT{{}, true};
 
-  /// The footer's status: which port is in use, to be set by whoever provides the port; and what
-  /// the last operation came to, where no box tells it.
+  /// The footer's status: which port serves the selected entry, or why none does, with the way to
+  /// a remedy; and what the last operation came to, where no box tells it.
   controls::Label PortAllapot;
+  controls::PushButton PortTeendo;
   controls::Label Esemeny;
 
   SetupMarks marks{setup, kozos};
@@ -121,6 +127,7 @@ class Lap {
   void bindMenus();
   void bindBench();
   void tellUploaded();
+  void showPort();
   void openSetup();
   void saveSetup();
   void loadInfo();
@@ -141,6 +148,7 @@ class Lap {
   link::Upload upload_;
   store::SetupFiles files_;
   firmware::FirmwareFiles firmware_;
+  long vanishedBefore_ = 0;
   bool ended_ = false;
 };
 

@@ -68,6 +68,7 @@ constexpr NamedControl named[] = {
     {"Nev", [](Lap& lap, int) -> AnyControl { return &lap.Nev; }},
     {"InfoT", [](Lap& lap, int) -> AnyControl { return &lap.InfoT; }},
     {"PortAllapot", [](Lap& lap, int) -> AnyControl { return &lap.PortAllapot; }},
+    {"PortTeendo", [](Lap& lap, int) -> AnyControl { return &lap.PortTeendo; }},
     {"Esemeny", [](Lap& lap, int) -> AnyControl { return &lap.Esemeny; }},
     {"FolLe", [](Lap& lap, int i) -> AnyControl { return &lap.setup.FolLe[i]; }},
     {"TF", [](Lap& lap, int i) -> AnyControl { return &lap.setup.TF[i]; }},

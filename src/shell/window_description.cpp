@@ -33,6 +33,8 @@ constexpr ControlDescription controls[] = {
      .tooltip = makerTip},
     {.name = "PortAllapot", .kind = Kind::StatusLine, .spoken = "A port állapota",
      .hint = "Melyik portra megy ki, ami kimegy."},
+    {.name = "PortTeendo", .kind = Kind::PushButton, .caption = "Port…",
+     .tooltip = "A port állapota és a teendő", .spoken = "Teendő a porttal"},
     {.name = "MentesJel", .kind = Kind::Label, .spoken = "Mentés",
      .hint = "Más-e a Setup, mint a legutóbb mentett."},
     {.name = "KuldesJel", .kind = Kind::Label, .spoken = "Feltöltés",

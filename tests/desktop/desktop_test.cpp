@@ -168,15 +168,15 @@ TEST_F(Desktop, ListsBoxesTabsAndMenusReachTheModel) {
   EXPECT_TRUE(lap.setup.Zegesz.Checked);
 
   find<QTabWidget>("SSTab1")->setCurrentIndex(1);
-  auto* const ports = find<QListWidget>("LPT");
-  const QPoint third = ports->visualItemRect(ports->item(2)).center();
-  QTest::mouseClick(ports->viewport(), Qt::LeftButton, {}, third);
-  QTest::mouseClick(ports->viewport(), Qt::LeftButton, Qt::ControlModifier, third);
-  EXPECT_EQ(ports->selectedItems().size(), 1) << "the selection can't be removed";
+  auto* const list = find<QListWidget>("LPT");
+  const QPoint third = list->visualItemRect(list->item(2)).center();
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, third);
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::ControlModifier, third);
+  EXPECT_EQ(list->selectedItems().size(), 1) << "the selection can't be removed";
   for (const int row : {0, 2}) {
-    ports->item(row)->setSelected(true);
+    list->item(row)->setSelected(true);
     EXPECT_EQ(lap.port.LPT.ListIndex, row) << "as a screen reader selects";
-    EXPECT_EQ(ports->selectedItems(), QList<QListWidgetItem*>{ports->item(row)});
+    EXPECT_EQ(list->selectedItems(), QList<QListWidgetItem*>{list->item(row)});
   }
   find<QTabWidget>("SSTab1")->setCurrentIndex(2);
   EXPECT_EQ(journal, (Journal{"r3BC", "w3BC=0"}));

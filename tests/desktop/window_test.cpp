@@ -16,6 +16,7 @@
 #include "desktop/spin_arrows.h"
 #include "desktop/status_line.h"
 #include "desktop/widget_maker.h"
+#include "shell/port_texts.h"
 
 namespace monitra::desktop {
 namespace {
@@ -25,6 +26,7 @@ struct TheWindow : support::Window {
     find<QTabWidget>("SSTab1")->setCurrentIndex(tab);
     QApplication::processEvents();
   }
+  void showLongestPortText(const QLabel& line);
 };
 
 /// By how many pixels the text of a widget doesn't fit, if it doesn't.
@@ -47,6 +49,27 @@ int cutOff(const QWidget* widget) {
   return hasText ? std::max(least.width() - widget->width(), least.height() - widget->height()) : 0;
 }
 
+/// Everything that the status line can say of a port, in turn; leaves the widest there.
+void TheWindow::showLongestPortText(const QLabel& line) {
+  std::string longest;
+  for (int kind = 0; kind <= static_cast<int>(platform::PortState::Kind::Failed); ++kind) {
+    for (const char* const holder : {"", "Monitra Setup (1234567)"}) {
+      const std::string text =
+          shell::portText({.kind = static_cast<platform::PortState::Kind>(kind),
+                           .address = 0xD010,
+                           .node = "/dev/parport0",
+                           .holder = holder,
+                           .error = 121},
+                          "&H3BC");
+      const auto width = [&line](const std::string& of) {
+        return line.fontMetrics().horizontalAdvance(QString::fromStdString(of));
+      };
+      if (width(text) > width(longest)) longest = text;
+    }
+  }
+  lap.PortAllapot.Caption = longest;
+}
+
 TEST_F(TheWindow, CutsNothingOffAndKeepsItsSizeAlsoWithLargerFonts) {
   const QFont font = QApplication::font();
   std::vector<std::unique_ptr<MainWindow>> windows;
@@ -67,9 +90,7 @@ TEST_F(TheWindow, CutsNothingOffAndKeepsItsSizeAlsoWithLargerFonts) {
     lap.setup.Vegallas.Caption = "Végállások állapota: Záró";
     lap.setup.Uthossz.Caption = "19660";
     lap.load.Taptext.Text = " 166.6%";
-    lap.PortAllapot.Caption =
-        "A program nem ér el nyomtatóportot, semmit sem küld ki; próbához a Monitra Szimulátor "
-        "való.";
+    showLongestPortText(*fresh.findChild<QLabel*>("PortAllapot"));
     lap.Esemeny.Caption =
         "Kiküldve 1488.8 ms alatt, a leghosszabb szünet két él között 100.0 ms volt. A vonal "
         "egyirányú, nyugta nem jön.";
@@ -102,8 +123,9 @@ TEST_F(TheWindow, TheTabKeyGoesAlongTheLinesOfEachTab) {
   EXPECT_EQ(path(0),
             "FolLe(0) FolLe(3) FolLe(6) FolLe(9) FolLe(1) FolLe(4) FolLe(7) FolLe(10) FolLe(2) "
             "FolLe(5) FolLe(8) FolLe(11) Funkcio Ut Utfolle Spm Tures Turesfolle Xegesz Yegesz "
-            "Zegesz Letolt ");
-  EXPECT_EQ(path(2), "L(6) Leptet(0) L(7) Leptet(1) L(14) Leptet(2) TapFel TapStop TulH Teh200 ");
+            "Zegesz Letolt PortTeendo ");
+  EXPECT_EQ(path(2),
+            "L(6) Leptet(0) L(7) Leptet(1) L(14) Leptet(2) TapFel TapStop TulH Teh200 PortTeendo ");
   journal.clear();
   find<QWidget>("L(6)")->setFocus();
   std::string walked;
@@ -116,10 +138,10 @@ TEST_F(TheWindow, TheTabKeyGoesAlongTheLinesOfEachTab) {
   EXPECT_EQ(journal, support::Journal{}) << "to walk along them sends nothing";
   lap.phases.L[11].click();
   EXPECT_EQ(path(2).substr(0, 32), "L(6) Leptet(0) L(11) Leptet(1) L");
-  EXPECT_EQ(path(3), "InfoT ");
+  EXPECT_EQ(path(3), "InfoT PortTeendo ");
   EXPECT_EQ(path(1),
             "Invert(0) Invert(1) Invert(2) Seb Impulzus LPT Bitcim(0) Bitcim(1) Bitcim(2) "
-            "Bitcim(3) Bitcim(4) Bitcim(5) Bitcim(6) Bitcim(7) Bitcim(8) Kuld Torles ");
+            "Bitcim(3) Bitcim(4) Bitcim(5) Bitcim(6) Bitcim(7) Bitcim(8) Kuld Torles PortTeendo ");
   lap.jog.Impulzus.click();
   find<QWidget>("Mozg(0)")->setFocus();
   std::string names;

@@ -4,6 +4,7 @@
 #include "ports/register_memory.h"
 #include "ports/simulated_port.h"
 #include "ports/vcd.h"
+#include "support/port_contract.h"
 
 namespace monitra::ports {
 namespace {
@@ -11,27 +12,17 @@ namespace {
 using Lines = std::vector<std::string>;
 using std::chrono::microseconds;
 
-/// What every implementation of the registers promises its callers.
-template <class Port>
-class PortContract : public testing::Test {
- public:
-  Port port;
-};
+using support::PortContract;
+using support::PortUnderTest;
 
-using Ports = testing::Types<RegisterMemory, SimulatedPort>;
-TYPED_TEST_SUITE(PortContract, Ports);
-
-TYPED_TEST(PortContract, ReadsBackEveryValueOfEveryRegister) {
-  for (const std::int32_t base : {0x378, 0x278, 0x3BC}) {
-    for (int value = 0; value < 256; ++value) {
-      this->port.DlPortWritePortUchar(base, static_cast<std::uint8_t>(value));
-      this->port.DlPortWritePortUchar(base + 2, static_cast<std::uint8_t>(value & 0x0F));
-      EXPECT_EQ(this->port.DlPortReadPortUchar(base), value);
-      EXPECT_EQ(this->port.DlPortReadPortUchar(base + 2) & 0x0F, value & 0x0F);
-    }
-  }
-  EXPECT_EQ(this->port.DlPortReadPortUchar(0x378), 255);
-}
+INSTANTIATE_TEST_SUITE_P(
+    Here, PortContract,
+    testing::Values(PortUnderTest{"memory",
+                                  [] { return std::make_unique<RegisterMemory>(); },
+                                  {0x378, 0x278, 0x3BC}},
+                    PortUnderTest{"simulated",
+                                  [] { return std::make_unique<SimulatedPort>(); },
+                                  {0x378, 0x278, 0x3BC}}));
 
 /// Clocks bytes into a port by its pins alone.
 void send(SimulatedPort& port, std::int32_t address, int dataBit, int clockBit,

@@ -151,10 +151,18 @@ TEST_F(Shell, AnUploadTellsItsTimeAndItsLongestPauseAndWhereNothingWentOut) {
                                              figures[1] +
                                              " ms volt. A vonal egyirányú, nyugta nem jön.");
   }
-  portInUse = false;
+  registers.writesThatReach = 479;
   lap.setup.Letolt.click();
   EXPECT_EQ(lap.Esemeny.Caption.get(),
-            "Nem ment ki semmi, mert a program nem ér el nyomtatóportot.");
+            "A port feltöltés közben eltűnt, a Setup nem ment ki egészen. Töltse fel újra!");
+  EXPECT_EQ(lap.marks.sentMark(), "");
+  lap.setup.Letolt.click();
+  EXPECT_EQ(lap.Esemeny.Caption.get(),
+            "Nem ment ki semmi, mert nincs használható port. A port sora megmondja, miért.");
+  registers.writesThatReach = -1;
+  ports.now.kind = platform::PortState::Kind::Lost;
+  lap.setup.Letolt.click();
+  EXPECT_EQ(lap.Esemeny.Caption.get().substr(0, 7), "A port ") << "found out behind the last write";
 }
 
 TEST_F(Shell, TwoMarksTellThatTheSetupHasChangedSinceItWasSavedAndSent) {
@@ -168,10 +176,10 @@ TEST_F(Shell, TwoMarksTellThatTheSetupHasChangedSinceItWasSavedAndSent) {
   };
   const std::string unsaved = "Mentés óta módosult", unsent = "Feltöltés óta módosult";
   EXPECT_EQ(marks(), "|Még nincs feltöltve");
-  portInUse = false;
+  registers.writesThatReach = 479;
   lap.setup.Letolt.click();
-  EXPECT_EQ(marks(), "|Még nincs feltöltve") << "nothing has gone out";
-  portInUse = true;
+  EXPECT_EQ(marks(), "|Még nincs feltöltve") << "not all has gone out";
+  registers.writesThatReach = -1;
   lap.setup.Letolt.click();
   EXPECT_EQ(marks(), "|");
   dialog.path = scratch.path("b.pwm");

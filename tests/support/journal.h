@@ -13,6 +13,8 @@
 #include "platform/file_dialog.h"
 #include "platform/message_box.h"
 #include "platform/port_registers.h"
+#include "platform/port_states.h"
+#include "platform/remedy_box.h"
 #include "platform/settings_store.h"
 #include "platform/sleeper.h"
 
@@ -40,6 +42,8 @@ class JournalPort : public platform::PortRegisters, public platform::Sleeper {
   void DlPortWritePortUchar(std::int32_t address, std::uint8_t value) override {
     journal_.push_back("w" + hex(address) + "=" + hex(value));
     values[address] = value;
+    if (writesThatReach == 0) ++vanished;
+    if (writesThatReach > 0) --writesThatReach;
   }
   void Sleep(int milliseconds) override {
     journal_.push_back("z" + std::to_string(milliseconds));
@@ -50,6 +54,8 @@ class JournalPort : public platform::PortRegisters, public platform::Sleeper {
   std::chrono::nanoseconds time{};
   std::chrono::nanoseconds late{};  ///< by this much every wait takes longer than asked
   std::map<std::int32_t, std::uint8_t> values;
+  long writesThatReach = -1;  ///< a port; -1: all
+  long vanished = 0;
 
  private:
   Journal& journal_;
@@ -74,6 +80,46 @@ class JournalBoxes : public platform::MessageBox {
 
   std::deque<platform::BoxAnswer> answers;
   std::function<void()> whileOpen;
+
+ private:
+  Journal& journal_;
+};
+
+/// The port of every entry in the state that a test gives it; "open 378" for a new try.
+class JournalStates : public platform::PortStates {
+ public:
+  JournalStates(Journal& journal, const JournalPort& port) : journal_(journal), port_(port) {}
+
+  platform::PortState state(std::int32_t entry) override {
+    platform::PortState present = now;
+    present.address = entry;
+    return present;
+  }
+  void tryAgain(std::int32_t entry) override {
+    journal_.push_back("open " + hex(entry));
+    now = afterRetry;
+  }
+  long vanished() const override { return port_.vanished; }
+
+  platform::PortState now{.kind = platform::PortState::Kind::Kernel, .node = "/dev/parport0"};
+  platform::PortState afterRetry = now;
+
+ private:
+  Journal& journal_;
+  const JournalPort& port_;
+};
+
+/// Remedies: "remedy text: command"; tried again as often as a test says.
+class JournalRemedies : public platform::RemedyBox {
+ public:
+  explicit JournalRemedies(Journal& journal) : journal_(journal) {}
+
+  bool show(const platform::Remedy& remedy) override {
+    journal_.push_back("remedy " + remedy.text + ": " + remedy.command);
+    return remedy.canRetry && retries-- > 0;
+  }
+
+  int retries = 0;
 
  private:
   Journal& journal_;

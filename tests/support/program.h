@@ -14,22 +14,24 @@ struct Program {
   Journal journal;
   Scratch scratch;
   JournalPort registers{journal};
+  JournalStates ports{journal, registers};
   JournalBoxes box{journal};
+  JournalRemedies remedies{journal};
   JournalDialog dialog{journal};
   JournalSettings settings{journal};
   FaultyFiles files;
-  bool portInUse = true;
   host::Windows1250 codePage;
   platform::ProgramIdentity identity{"Monitra Setup", scratch.path(), "Monitra Setup", 2, 2, 0};
   shell::Outside outside{registers,
+                         ports,
                          registers,
                          box,
+                         remedies,
                          dialog,
                          files,
                          codePage,
                          settings,
                          identity,
-                         [this] { return portInUse; },
                          [this] { journal.emplace_back("beep"); },
                          [this] { journal.emplace_back("end"); }};
   shell::Lap lap{outside};

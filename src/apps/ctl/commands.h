@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 
 /// The commands of monitra-ctl. Each prints its result to standard output, and what went wrong
@@ -36,18 +37,43 @@ ExitCode firmwarePatch(const PatchOptions& options);
 /// there is any.
 ExitCode firmwareVerify(const std::string& file);
 
-struct UploadOptions {
-  std::string file;
-  std::string port;  ///< "sim"
-  std::string lpt;   ///< "378", "278" or "3BC"; empty: the port of the program's preferences
-  std::string pcb;   ///< "32" or "40"; empty: the board of the program's preferences
-  std::string vcd;   ///< file for the record of register writes; empty: none
-  bool yes = false;
+/// The port that a command works on.
+struct PortOptions {
+  std::string port = "auto";  ///< "auto", "kernel", "raw" or "sim"
+  std::string lpt;            ///< "378", "278" or "3BC"; empty: that of the program's preferences
+  std::string pcb;            ///< "32" or "40"; empty: the board of the program's preferences
+  bool yes = false;           ///< every question is answered so
 };
 
-/// Sends a Setup file to the simulated port, the way the program's button does, and prints what
-/// the virtual controller has received. A No to its question is done, no answer at all a usage
-/// error.
+struct UploadOptions {
+  std::string file;
+  PortOptions port;
+  std::string vcd;  ///< file for the record of register writes; empty: none
+};
+
+/// Sends a Setup file to a port, the way the program's button does; prints what the virtual
+/// controller has received if it was the simulated one. Like all commands below it touches no pin
+/// ahead of a Yes to its question; a No is done, no answer at all a usage error, and a port that
+/// can't be used or that went away a port error.
 ExitCode upload(const UploadOptions& options);
+
+/// Sends the three frames that switch the motors off.
+ExitCode off(const PortOptions& options);
+
+inline constexpr std::array motorWords{"x", "y", "z"};
+inline constexpr std::array lineWords{"l1", "l2", "l3", "l4", "ki"};
+
+struct FrameOptions {
+  std::string motor;  ///< one of the words above
+  std::string line;
+  PortOptions port;
+};
+
+/// Sends one frame.
+ExitCode frame(const FrameOptions& options);
+
+/// Prints the printer ports of this PC and whether each can be used, as lines or as JSON. Touches
+/// none of them.
+ExitCode listPorts(bool json);
 
 }  // namespace monitra::ctl

@@ -8,8 +8,6 @@
 #include "apps/ctl/state.h"
 #include "firmware/image_check.h"
 #include "host/host_files.h"
-#include "host/pacer.h"
-#include "ports/register_memory.h"
 #include "shell/event_texts.h"
 #include "timing/numbers.h"
 
@@ -18,16 +16,6 @@ namespace monitra::ctl {
 using platform::Failure;
 
 namespace {
-
-/// A session without a port, whose boxes go where the caller wants them.
-struct PortlessSession {
-  explicit PortlessSession(CtlBoxes::Answer answer)
-      : session({}, nowhere, pacer, std::move(answer)) {}
-
-  ports::RegisterMemory nowhere;
-  host::Pacer pacer;
-  Session session;
-};
 
 /// What is wrong with an image, or why it can't be read.
 void tellFaults(const firmware::ImageReport& image, const std::string& file) {

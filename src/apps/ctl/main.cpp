@@ -78,23 +78,56 @@ void addShow(CLI::App& app, ShowOptions& options) {
   command->add_flag("--json", options.json, "Kiírás egyetlen JSON objektumként");
 }
 
-void addUpload(CLI::App& app, UploadOptions& options) {
-  CLI::App* const command =
-      addCommand(app, "upload", "Megnyit egy Setup fájlt, és feltölti a vezérlőbe.");
-  addFile(command, "FILE.pwm", options.file, "A Setup fájl");
-  command->add_option("--port", options.port, "Mire menjen ki (sim: szimulált port)")
-      ->required()
-      ->option_text("sim (kötelező)")
-      ->check(oneOf({"sim"}));
+void addPort(CLI::App* command, PortOptions& options) {
+  command
+      ->add_option("--port", options.port,
+                   "Mire menjen ki: a kernel meghajtójára, a regiszterekre vagy szimulált portra; "
+                   "enélkül auto: a meghajtóra, és ha az nem megy, a regiszterekre")
+      ->option_text("auto|kernel|raw|sim")
+      ->check(oneOf({"auto", "kernel", "raw", "sim"}));
   command->add_option("--lpt", options.lpt, "Port címe; enélkül a programban beállított")
       ->option_text("378|278|3BC")
       ->check(oneOf({"378", "278", "3BC"}));
   command->add_option("--pcb", options.pcb, "Panel verziója; enélkül a programban beállított")
       ->option_text("32|40")
       ->check(oneOf({"32", "40"}));
+  command->add_flag("--yes", options.yes, "Kérdés nélkül");
+}
+
+void addUpload(CLI::App& app, UploadOptions& options) {
+  CLI::App* const command =
+      addCommand(app, "upload", "Megnyit egy Setup fájlt, és feltölti a vezérlőbe.");
+  addFile(command, "FILE.pwm", options.file, "A Setup fájl");
+  addPort(command, options.port);
   command->add_option("--vcd", options.vcd, "A port minden írása ebbe a fájlba (Value Change Dump)")
       ->option_text("OUT.vcd");
-  command->add_flag("--yes", options.yes, "Kérdés nélkül");
+}
+
+void addOff(CLI::App& app, PortOptions& options) {
+  addPort(addCommand(app, "off", "Kikapcsolja a motorokat (a vezérlő PC-Link módban van)."),
+          options);
+}
+
+template <std::size_t count>
+void addWord(CLI::App* command, const std::string& name, std::string& word,
+             const std::array<const char*, count>& words, const std::string& description) {
+  command->add_option(name, word, description)
+      ->required()
+      ->option_text("(kötelező)")
+      ->check(oneOf({words.begin(), words.end()}));
+}
+
+void addFrame(CLI::App& app, FrameOptions& options) {
+  CLI::App* const command =
+      addCommand(app, "frame", "Egy keret: egy motor egy fázisa be, vagy a motor ki.");
+  addWord(command, "MOTOR", options.motor, motorWords, "x, y vagy z");
+  addWord(command, "FAZIS", options.line, lineWords, "l1, l2, l3, l4 vagy ki");
+  addPort(command, options.port);
+}
+
+void addPorts(CLI::App& app, bool& json) {
+  addCommand(app, "ports", "A gép nyomtatóportjai, és hogy használhatók-e.")
+      ->add_flag("--json", json, "Kiírás egyetlen JSON objektumként");
 }
 
 struct FirmwareOptions {
@@ -137,9 +170,15 @@ int run(int argc, char** argv) {
   app.require_subcommand(1);
   ShowOptions showOptions;
   UploadOptions uploadOptions;
+  PortOptions offOptions;
+  FrameOptions frameOptions;
+  bool portsAsJson = false;
   FirmwareOptions firmwareOptions;
   addShow(app, showOptions);
   addUpload(app, uploadOptions);
+  addOff(app, offOptions);
+  addFrame(app, frameOptions);
+  addPorts(app, portsAsJson);
   addFirmware(app, firmwareOptions);
   try {
     app.parse(argc, argv);
@@ -149,7 +188,11 @@ int run(int argc, char** argv) {
   if (app.got_subcommand("firmware")) {
     return runFirmware(*app.get_subcommand("firmware"), firmwareOptions);
   }
-  return app.got_subcommand("show") ? show(showOptions) : upload(uploadOptions);
+  if (app.got_subcommand("show")) return show(showOptions);
+  if (app.got_subcommand("off")) return off(offOptions);
+  if (app.got_subcommand("frame")) return frame(frameOptions);
+  if (app.got_subcommand("ports")) return listPorts(portsAsJson);
+  return upload(uploadOptions);
 }
 
 }  // namespace

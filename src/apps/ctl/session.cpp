@@ -52,13 +52,13 @@ void OptionSettings::SaveSetting(const std::string& /*application*/, const std::
                                  const std::string& /*key*/, const std::string& /*value*/) {}
 
 Session::Session(const Overrides& overrides, platform::PortRegisters& registers,
-                 platform::Sleeper& sleeper, CtlBoxes::Answer answer)
+                 platform::PortStates& ports, platform::Sleeper& sleeper, CtlBoxes::Answer answer)
     : program_(accompaniedProgram()),
       preferences_(settings::userSettingsFolder()),
       settings_(preferences_, overrides.lptIndex, overrides.pcb),
       boxes(std::move(answer)),
-      lap({registers, sleeper, boxes, dialog_, files_, codePage_, settings_, program_,
-           [] { return true; }, [] {}, [] { std::_Exit(done); }}) {
+      lap({registers, ports, sleeper, boxes, remedies_, dialog_, files_, codePage_, settings_,
+           program_, [] {}, [] { std::_Exit(done); }}) {
   lap.Form_Load();
   if (preferences_.isDamaged(program_.EXEName))
     std::cerr << shell::damagedPreferencesText() << '\n';

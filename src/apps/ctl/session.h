@@ -6,9 +6,11 @@
 
 #include "apps/ctl/commands.h"
 #include "host/host_files.h"
+#include "host/pacer.h"
 #include "host/windows1250.h"
 #include "platform/port_registers.h"
 #include "platform/sleeper.h"
+#include "ports/simulated_port.h"
 #include "settings/json_settings.h"
 #include "shell/lap.h"
 
@@ -41,6 +43,12 @@ class NoDialog : public platform::FileDialog {
   platform::Failure askSave() override { return platform::Failure::Cancel; }
 };
 
+/// Nobody asks for a remedy here.
+class NoRemedies : public platform::RemedyBox {
+ public:
+  bool show(const platform::Remedy& /*remedy*/) override { return false; }
+};
+
 /// The program's preferences with options of the command line above them. Nothing is stored.
 class OptionSettings : public platform::SettingsStore {
  public:
@@ -59,7 +67,7 @@ class OptionSettings : public platform::SettingsStore {
 
 /// The program's own model, started, with its dialog answered by the names of the command line.
 /// Preferences that can't be read are told on standard error.
-/// The port and the sleeper must outlive it.
+/// The ports and the sleeper must outlive it.
 class Session {
  public:
   /// Preferences that the command line overrides; empty texts leave them as they are.
@@ -69,7 +77,7 @@ class Session {
   };
 
   Session(const Overrides& overrides, platform::PortRegisters& registers,
-          platform::Sleeper& sleeper, CtlBoxes::Answer answer);
+          platform::PortStates& ports, platform::Sleeper& sleeper, CtlBoxes::Answer answer);
 
   /// Opens a Setup file; what no box tells goes to standard error.
   ExitCode openSetup(const std::string& path);
@@ -85,10 +93,25 @@ class Session {
   settings::JsonSettings preferences_;
   OptionSettings settings_;
   NoDialog dialog_;
+  NoRemedies remedies_;
 
  public:
   CtlBoxes boxes;
   shell::Lap lap;
+};
+
+/// A session with a simulated port to which nobody listens.
+class PortlessSession {
+ public:
+  explicit PortlessSession(CtlBoxes::Answer answer)
+      : session({}, nowhere_, nowhere_, pacer_, std::move(answer)) {}
+
+ private:
+  ports::SimulatedPort nowhere_;
+  host::Pacer pacer_;
+
+ public:
+  Session session;
 };
 
 /// A text for the terminal: "?" in the place of each control character.

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+#include "platform/message_box.h"
+
+namespace monitra::ctl {
+
+/// The terminal in the place of message boxes.
+class Terminal {
+ public:
+  /// With yes every question is answered so.
+  explicit Terminal(bool yes) : yes_(yes) {}
+
+  /// Prints the box, a bad message to standard error, and takes the answer to a question from
+  /// standard input; its end counts as No.
+  platform::BoxAnswer show(const std::string& text, int style);
+
+  bool unanswered() const { return unanswered_; }
+
+ private:
+  platform::BoxAnswer ask(const std::string& text);
+
+  bool yes_;
+  bool unanswered_ = false;
+};
+
+}  // namespace monitra::ctl

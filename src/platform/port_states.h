@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace monitra::platform {
+
+/// How things stand with the printer port that serves an entry of LPT.
+struct PortState {
+  enum class Kind {
+    Kernel,        ///< in use, through the kernel's driver
+    Raw,           ///< in use, by its registers
+    Simulated,     ///< in use, with a virtual controller behind it
+    Untried,       ///< it would do, and is opened at its next use
+    NoDriver,      ///< the kernel's driver for printer ports is not loaded
+    NoNode,        ///< its part for programs is not loaded
+    NoPort,        ///< the PC has no printer port
+    NoneLeft,      ///< every port of the PC serves another entry
+    NoPermission,  ///< the user may not open it
+    NotYetMember,  ///< the user may, from the next login on
+    NoRegisters,   ///< the process may not use registers
+    Busy,          ///< a program, or a driver other than the printer's, has it
+    Printing,      ///< the printer's driver is using it just now
+    Lost,          ///< it went away while in use
+    Failed,        ///< the system refused it for some other reason
+  };
+
+  Kind kind = Kind::NoPort;
+  std::int32_t address = 0;  ///< of the port's own data register; 0 where there is no port
+  std::string node = {};     ///< "/dev/parport0"; empty without one
+  std::string holder = {};   ///< who has a busy port: "program (number)", or a driver's name
+  bool holderIsDriver = false;
+  bool shared = false;  ///< the printer's driver is there too; its jobs wait while we have the port
+  int error = 0;        ///< errno of a failure
+
+  bool inUse() const {
+    return kind == Kind::Kernel || kind == Kind::Raw || kind == Kind::Simulated;
+  }
+  bool operator==(const PortState&) const = default;
+};
+
+/// What there is to know of the ports behind the registers. Entries of LPT go by the address of
+/// their data register.
+class PortStates {
+ public:
+  PortStates() = default;
+  PortStates(const PortStates&) = delete;
+  PortStates& operator=(const PortStates&) = delete;
+  virtual ~PortStates() = default;
+
+  /// Present state; of an entry that was not used yet, without opening its port.
+  virtual PortState state(std::int32_t entry) = 0;
+
+  /// Opens the entry's port now if it isn't in use, as its next use would.
+  virtual void tryAgain(std::int32_t entry) = 0;
+
+  /// How many writes up to now have gone out on no port.
+  virtual long vanished() const = 0;
+
+  /// Called when the state of an entry has changed, from inside the access that found it out.
+  std::function<void()> changed;
+};
+
+}  // namespace monitra::platform

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <filesystem>
+
+namespace monitra::ports {
+
+/// An open file that the process may hold locked against every other program that asks for the
+/// same lock. It ends with the process, however that ends.
+class LockedFile {
+ public:
+  LockedFile() = default;
+  /// Opens for reading and writing; error() tells how that went. With the second argument a file
+  /// that doesn't exist is made.
+  explicit LockedFile(const std::filesystem::path& path, bool create = false);
+  LockedFile(LockedFile&& other) noexcept;
+  LockedFile& operator=(LockedFile&& other) noexcept;
+  ~LockedFile();
+
+  /// False if another program has the lock.
+  bool lock();
+
+  bool isOpen() const { return descriptor_ >= 0; }
+  int descriptor() const { return descriptor_; }
+  int error() const { return error_; }  ///< errno of the opening; 0 if it went well
+
+ private:
+  int descriptor_ = -1;
+  int error_ = 0;
+};
+
+}  // namespace monitra::ports

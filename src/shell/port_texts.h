@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/port_states.h"
+#include "platform/remedy_box.h"
+
+namespace monitra::shell {
+
+/// What the status line says of the port that serves an entry of LPT: which one it is, or why
+/// nothing goes out and what to do.
+std::string portText(const platform::PortState& state, std::string_view entry);
+
+/// The same with the command that mends it, where there is one.
+platform::Remedy portRemedy(const platform::PortState& state, std::string_view entry);
+
+/// An address as "0x378".
+std::string addressText(std::int32_t address);
+
+}  // namespace monitra::shell

@@ -1,0 +1,105 @@
+"""Builds and starts the virtual PC: Debian's own kernel with its parallel-port driver, a handful of
+programs in its memory, and an emulator that writes down every access to the port's registers."""
+
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+
+HERE = pathlib.Path(__file__).resolve().parent
+MODULES = ("parport/parport.ko", "parport/parport_pc.ko", "char/ppdev.ko", "char/lp.ko")
+USERS = {"member": (1000, "lp"), "outsider": (1001, None)}
+
+
+def call(*command, **options):
+    return subprocess.run(command, check=True, stdout=subprocess.PIPE, text=True, **options).stdout
+
+
+def fetch_kernel(folder):
+    """Debian's present kernel and the modules of the port, fetched once into the folder and not
+    installed. Returns the kernel's file; the modules lie beside it."""
+    depends = call("apt-cache", "depends", "linux-image-amd64")
+    package = re.search(r"linux-image-\d\S+", depends).group()
+    kernel = folder / package
+    if not (kernel / "vmlinuz").exists():
+        fetched = folder / "fetched"
+        shutil.rmtree(fetched, ignore_errors=True)
+        fetched.mkdir(parents=True)
+        call("apt-get", "download", "-q", package, cwd=fetched, stderr=subprocess.DEVNULL)
+        with subprocess.Popen(["dpkg", "--fsys-tarfile", *fetched.glob("*.deb")],
+                              stdout=subprocess.PIPE) as archive:
+            call("tar", "-x", "-C", fetched, "--wildcards", "./boot/vmlinuz-*",
+                 *(f"*/kernel/drivers/{module}" for module in MODULES), stdin=archive.stdout)
+        kernel.mkdir(exist_ok=True)
+        for module in MODULES:
+            shutil.copy(next(fetched.glob(f"**/kernel/drivers/{module}")), kernel)
+        shutil.copy(next(fetched.glob("boot/vmlinuz-*")), kernel / "vmlinuz")
+        shutil.rmtree(fetched)
+    return kernel / "vmlinuz"
+
+
+def copy_program(program, root):
+    """The program without its debug data, and the libraries that it is linked with."""
+    call("strip", "-o", root / "bin" / program.name, program)
+    for library in re.findall(r"(/\S+) \(0x", call("ldd", program)):
+        target = root / library.lstrip("/")
+        target.parent.mkdir(parents=True, exist_ok=True)
+        shutil.copy(library, target)
+
+
+def build_memory(folder, programs, setup, kernel):
+    """The guest's file system as an archive for the kernel."""
+    root = folder / "root"
+    shutil.rmtree(root, ignore_errors=True)
+    for name in ("bin", "dev", "proc", "sys", "tmp", "run/root", "run/lock", "etc", "guest/modules"):
+        (root / name).mkdir(parents=True)
+    for name in ("tmp", "run/lock"):
+        (root / name).chmod(0o1777)
+    shutil.copy("/bin/busybox", root / "bin")
+    for script in (HERE / "guest").iterdir():
+        shutil.copy(script, root / "guest")
+        (root / "guest" / script.name).chmod(0o755)
+    (root / "guest/init").rename(root / "init")
+    for module in kernel.parent.glob("*.ko"):
+        shutil.copy(module, root / "guest/modules")
+    (root / "guest/setup.pwm").write_bytes(setup)
+    passwd, group = "root:x:0:0::/:/bin/sh\n", "root:x:0:\nlp:x:7:"
+    group += ",".join(user for user, (_, extra) in USERS.items() if extra == "lp") + "\n"
+    for user, (number, _) in USERS.items():
+        passwd += f"{user}:x:{number}:{number}::/tmp:/bin/sh\n"
+        group += f"{user}:x:{number}:\n"
+    (root / "etc/passwd").write_text(passwd)
+    (root / "etc/group").write_text(group)
+    for program in programs:
+        copy_program(program, root)
+    archive = folder / "memory.cpio"
+    with open(archive, "wb") as out:
+        names = call("find", ".", cwd=root)
+        subprocess.run(["cpio", "-o", "-H", "newc", "--quiet", "-R", "0:0"], cwd=root, check=True,
+                       input=names.encode(), stdout=out)
+    return archive
+
+
+def start(folder, kernel, memory, script, base, port, entry="378"):
+    """Runs a script in the virtual PC until it ends; with a port at that address, or with none.
+    Returns the serial line's text and the trace, as text each."""
+    out, trace = folder / f"{script}-{base:x}.txt", folder / f"{script}-{base:x}.trace"
+    for file in (out, trace):
+        file.unlink(missing_ok=True)
+    device = []
+    if port:
+        device = ["-chardev", "null,id=nothing",
+                  "-device", f"isa-parallel,chardev=nothing,iobase={base:#x},irq=7"]
+    line = f"quiet loglevel=1 panic=-1 mitigations=off script={script} base={base:#x} entry={entry}"
+    ended = subprocess.run(
+        ["qemu-system-x86_64", "-M", "pc", "-accel", "tcg", "-m", "256", "-nodefaults",
+         "-no-user-config", "-display", "none", "-no-reboot", "-kernel", kernel, "-initrd", memory,
+         "-append", line, "-serial", f"file:{out}", *device,
+         "-device", "isa-debug-exit,iobase=0x501,iosize=1", "-msg", "timestamp=on",
+         "-D", trace, "-trace", "parallel_ioport_*"],
+        timeout=120, env={**os.environ, "LANG": "C"}, check=False)
+    text = out.read_text(errors="replace").replace("\r\n", "\n")
+    if ended.returncode != 1:
+        raise RuntimeError(f"the virtual PC ended with {ended.returncode}:\n{text}")
+    return text, trace.read_text() if trace.exists() else ""
