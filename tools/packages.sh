@@ -8,6 +8,8 @@ window_packages="qt6-translations-l10n fonts-dejavu-core fonts-liberation"
 # a display with a screen reader's access to drive the program by.
 test_packages="libgtest-dev sigrok-cli srecord xvfb openbox xdotool dbus-daemon at-spi2-core \
   python3-pyatspi"
+# To run a PC with a printer port of its own, and a kernel fetched from the same source.
+virtual_pc_packages="qemu-system-x86 busybox-static cpio binutils"
 # To check the form of the sources.
 check_packages="clang-format clang-tidy"
 

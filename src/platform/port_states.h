@@ -31,8 +31,10 @@ struct PortState {
   std::string node = {};     ///< "/dev/parport0"; empty without one
   std::string holder = {};   ///< who has a busy port: "program (number)", or a driver's name
   bool holderIsDriver = false;
-  bool shared = false;  ///< the printer's driver is there too; its jobs wait while we have the port
-  int error = 0;        ///< errno of a failure
+  /// The printer's driver is there too. Its pages wait while we have the port, and where the port
+  /// has an interrupt the kernel can freeze when it hands the port over to one that waits.
+  bool shared = false;
+  int error = 0;  ///< errno of a failure
 
   bool inUse() const {
     return kind == Kind::Kernel || kind == Kind::Raw || kind == Kind::Simulated;

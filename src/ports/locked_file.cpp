@@ -11,7 +11,7 @@ namespace monitra::ports {
 LockedFile::LockedFile(const std::filesystem::path& path, bool create) {
   constexpr int readableByAll = 0644;
   descriptor_ =
-      ::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | (create ? O_CREAT : 0), readableByAll);
+      ::open(path.c_str(), O_RDWR | O_CLOEXEC | (create ? O_CREAT | O_NOFOLLOW : 0), readableByAll);
   if (descriptor_ < 0) error_ = errno;
 }
 

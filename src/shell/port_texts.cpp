@@ -31,7 +31,7 @@ std::string usedPort(const PortState& state, std::string_view entry) {
     text += " helyén";
   }
   if (state.kind == Kind::Untried) text += "; az első használatkor nyílik meg";
-  if (state.shared) text += "; a nyomtatás addig vár";
+  if (state.shared) text += "; közben ne nyomtasson";
   return text + ".";
 }
 

@@ -19,8 +19,10 @@ def call(*command, **options):
 def fetch_kernel(folder):
     """Debian's present kernel and the modules of the port, fetched once into the folder and not
     installed. Returns the kernel's file; the modules lie beside it."""
-    depends = call("apt-cache", "depends", "linux-image-amd64")
-    package = re.search(r"linux-image-\d\S+", depends).group()
+    package = re.search(r"linux-image-\d\S+", call("apt-cache", "depends", "linux-image-amd64"))
+    if package is None:
+        raise SystemExit("apt doesn't know Debian's kernel for this PC; try: apt-get update")
+    package = package.group()
     kernel = folder / package
     if not (kernel / "vmlinuz").exists():
         fetched = folder / "fetched"

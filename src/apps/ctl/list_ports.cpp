@@ -62,7 +62,7 @@ void print(const std::vector<ListedPort>& list, const Remedy& none) {
               << std::setw(otherWidth) << (port.entry.empty() ? "-" : port.entry);
     const Remedy remedy = shell::portRemedy(port.state, port.entry);
     std::cout << (port.usable() ? "használható" : remedy.text)
-              << (port.state.shared ? ", a nyomtatás addig vár" : "") << '\n';
+              << (port.state.shared ? ", közben ne nyomtasson" : "") << '\n';
     if (!remedy.command.empty()) std::cout << "  " << remedy.command << '\n';
   }
   if (!list.empty()) return;
