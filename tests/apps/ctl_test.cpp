@@ -3,6 +3,7 @@
 #include <iomanip>
 #include <nlohmann/json.hpp>
 #include <sstream>
+#include <tuple>
 
 #include "support/image.h"
 #include "support/process.h"
@@ -145,6 +146,48 @@ TEST_F(Ctl, UploadAsksAndReportsWhatTheControllerReceived) {
     expect(refused, "Nem ment ki semmi.");
     EXPECT_EQ(refused.find("bájtot kapott"), std::string::npos);
   }
+}
+
+TEST_F(Ctl, FramesAskAndGoOutOneByOne) {
+  const auto frame = [](const std::string& bytes) {
+    return "(PCB V4.x) 3 bájtot kapott:\n" + listed(bytes);
+  };
+  const std::string off = run({"off", "--port", "sim"}, 0, "i\n");
+  expect(off, "Kikapcsoló keretek a motoroknak: 99 0 16, 110 0 16, 120 0 16.");
+  for (const char* const bytes : {"99 0 16", "110 0 16", "120 0 16"}) expect(off, frame(bytes));
+  const std::tuple<const char*, const char*, const char*> frames[] = {{"x", "l1", "99 0 1"},
+                                                                      {"y", "l2", "110 0 2"},
+                                                                      {"z", "l3", "120 0 4"},
+                                                                      {"x", "l4", "99 0 8"},
+                                                                      {"y", "ki", "110 0 16"}};
+  for (const auto& [motor, line, bytes] : frames) {
+    const std::string sent = run({"frame", motor, line, "--port", "sim", "--yes"}, 0);
+    expect(sent, std::string("): ") + bytes + ".");
+    expect(sent, frame(bytes));
+    EXPECT_EQ(sent.find("kapott"), sent.rfind("kapott")) << "one frame";
+  }
+  for (const std::string answer : {"n\n", ""}) {
+    const std::string refused = run({"off", "--port", "sim"}, answer.empty() ? 2 : 0, answer);
+    expect(refused, "Nem ment ki semmi.");
+    EXPECT_EQ(refused.find("kapott"), std::string::npos);
+  }
+}
+
+TEST_F(Ctl, WithoutAPortNothingIsAskedAndTheCauseIsAPortError) {
+  const support::Ran listed = support::shell(support::quoted(ctl) + " ports --json");
+  const auto found = object(listed.output);
+  if (!found["ports"].empty()) GTEST_SKIP() << "this PC has a port, which a test must not touch";
+  EXPECT_EQ(listed.exitCode, 3);
+  EXPECT_EQ(run({"ports"}, 3).find(found["reason"]), 0U);
+  for (const auto& command : {std::vector<std::string>{"off"},
+                              {"frame", "x", "ki"},
+                              {"upload", file},
+                              {"upload", file, "--port", "kernel"}}) {
+    const std::string told = run(command, 3, "igen\n");
+    EXPECT_EQ(told.find(found["reason"]), 0U) << told;
+    EXPECT_EQ(told.find("[I/n]"), std::string::npos);
+  }
+  expect(run({"upload", scratch.path("nincs.pwm")}, 1), "nem létezik");
 }
 
 TEST_F(Ctl, UploadUsesTheBoardAndPortOfTheProgramUnlessToldOtherwise) {

@@ -24,6 +24,7 @@
 #include "desktop/end_watch.h"
 #include "desktop/qt_file_dialog.h"
 #include "desktop/qt_message_box.h"
+#include "desktop/qt_remedy_box.h"
 #include "desktop/spin_arrows.h"
 #include "desktop/text.h"
 #include "desktop/window_style.h"
@@ -331,6 +332,40 @@ TEST(QtFileDialog, OffersTheGivenFiltersAndTakesAnyName) {
   EXPECT_EQ(dialog.FileTitle, "ékezetes név.pwm") << "a name without extension gets the filter's";
   EXPECT_EQ(show(&QtFileDialog::ShowOpen, ""), platform::Failure::Cancel);
   EXPECT_EQ(dialog.FileName, "Modositott.pwm");
+}
+
+TEST(QtRemedyBox, ShowsTheTextGivesTheCommandAwayAndTellsWhetherToTryAgain) {
+  QtRemedyBox box(QStringLiteral("Monitra Setup"));
+  const struct {
+    const char* command;
+    bool canRetry;
+    const char* press;
+    bool again;
+  } cases[] = {{"sudo modprobe ppdev", true, "Ú&jra próbálja", true},
+               {"sudo modprobe ppdev", true, "&Bezárás", false},
+               {"", false, "&Bezárás", false}};
+  for (const auto& given : cases) {
+    QApplication::clipboard()->clear();
+    QTimer::singleShot(0, qApp, [&given] {
+      auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      EXPECT_EQ(dialog->findChild<QLabel*>()->text(), QStringLiteral("Nincs port."));
+      auto* const copy = dialog->findChild<QPushButton*>(QStringLiteral("copy"));
+      EXPECT_EQ(copy != nullptr, *given.command != '\0');
+      if (copy != nullptr) copy->click();
+      EXPECT_EQ(QApplication::clipboard()->text().toStdString(), given.command);
+      int retries = 0;
+      QPushButton* pressed = nullptr;
+      for (QPushButton* const button : dialog->findChildren<QPushButton*>()) {
+        if (button->text() == QStringLiteral("Ú&jra próbálja")) ++retries;
+        if (button->text().toStdString() == given.press) pressed = button;
+      }
+      EXPECT_EQ(retries, given.canRetry ? 1 : 0);
+      ASSERT_NE(pressed, nullptr);
+      pressed->click();
+    });
+    EXPECT_EQ(box.show({"Nincs port.", given.command, given.canRetry}), given.again);
+  }
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "shell/port_texts.h"
 #include "support/image.h"
 #include "support/program.h"
 
@@ -163,6 +164,100 @@ TEST_F(Shell, AnUploadTellsItsTimeAndItsLongestPauseAndWhereNothingWentOut) {
   ports.now.kind = platform::PortState::Kind::Lost;
   lap.setup.Letolt.click();
   EXPECT_EQ(lap.Esemeny.Caption.get().substr(0, 7), "A port ") << "found out behind the last write";
+}
+
+TEST_F(Shell, ThePortsLineTellsEveryStateAndItsRemedy) {
+  using Kind = platform::PortState::Kind;
+  const platform::PortState own{.address = 0x378, .node = "/dev/parport0"};
+  const platform::PortState card{.address = 0xD010, .node = "/dev/parport1"};
+  const platform::PortState bare{.address = 0x378};
+  const struct {
+    Kind kind;
+    platform::PortState port;
+    const char *text, *command;
+  } states[] = {
+      {Kind::Kernel, own, "Port: /dev/parport0, cím 0x378, a kernel meghajtójával.", ""},
+      {Kind::Kernel, card,
+       "Port: /dev/parport1, cím 0xD010, a kernel meghajtójával, az &H378 helyén.", ""},
+      {Kind::Raw, bare, "Port: közvetlen regiszterek, cím 0x378.", ""},
+      {Kind::Raw,
+       {.address = 0xD010},
+       "Port: közvetlen regiszterek, cím 0xD010, az &H378 helyén.",
+       ""},
+      {Kind::Untried, card,
+       "Port: /dev/parport1, cím 0xD010, az &H378 helyén; az első használatkor nyílik meg.", ""},
+      {Kind::NoDriver,
+       {},
+       "a nyomtatóport meghajtója nincs betöltve. Töltse be!",
+       "sudo modprobe -a parport_pc ppdev"},
+      {Kind::NoNode, own, "a ppdev meghajtó nincs betöltve. Töltse be!", "sudo modprobe ppdev"},
+      {Kind::NoPort,
+       {},
+       "ezen a gépen nincs nyomtatóport. Próbához a Monitra Szimulátor való.",
+       ""},
+      {Kind::NoneLeft, {}, "ehhez a címhez nincs port. Válasszon másikat a „Teszt” fülön!", ""},
+      {Kind::NoPermission, own,
+       "a /dev/parport0 használatára nincs jog. Lépjen be az lp csoportba!",
+       "sudo usermod -aG lp $USER"},
+      {Kind::NotYetMember, own,
+       "az lp csoport joga a következő belépéstől él. Jelentkezzen ki, majd be!", ""},
+      {Kind::NoRegisters,
+       {},
+       "a rendszer nem engedi a közvetlen regisztereket. Használja a meghajtót!",
+       "sudo modprobe -a parport_pc ppdev"},
+      {Kind::Printing, own, "a /dev/parport0 épp nyomtat. Várja meg, vagy állítsa le!",
+       "sudo systemctl stop cups; sudo modprobe -r lp"},
+      {Kind::Lost, own, "a /dev/parport0 használat közben eltűnt. Töltse be a meghajtót!",
+       "sudo modprobe -a parport_pc ppdev"},
+      {Kind::Failed,
+       {.address = 0x378, .node = "/dev/parport0", .error = 5},
+       "a /dev/parport0 nem nyílik meg, a hiba kódja 5.",
+       ""},
+      {Kind::Busy, own, "a /dev/parport0 foglalt, használja: más program. Zárja be!", ""},
+      {Kind::Busy,
+       {.address = 0x378, .holder = "Monitra Setup (12)"},
+       "a 0x378 című foglalt, használja: Monitra Setup (12). Zárja be!",
+       ""},
+      {Kind::Busy,
+       {.address = 0x378, .node = "/dev/parport0", .holder = "imm", .holderIsDriver = true},
+       "a /dev/parport0 foglalt, a(z) imm meghajtó használja. Vegye ki!",
+       "sudo modprobe -r imm"},
+      {Kind::Kernel,
+       {.address = 0x378, .node = "/dev/parport0", .shared = true},
+       "Port: /dev/parport0, cím 0x378, a kernel meghajtójával; közben ne nyomtasson.",
+       "sudo modprobe -r lp"},
+  };
+  for (const auto& given : states) {
+    platform::PortState state = given.port;
+    state.kind = given.kind;
+    const bool good = state.inUse() || state.kind == Kind::Untried;
+    const platform::Remedy remedy = portRemedy(state, "&H378");
+    EXPECT_EQ(remedy.text, (good ? "" : "Semmi sem megy ki: ") + std::string(given.text));
+    EXPECT_EQ(remedy.command, given.command) << given.text;
+    EXPECT_EQ(remedy.canRetry, !state.inUse()) << given.text;
+  }
+}
+
+TEST_F(Shell, ThePortsLineFollowsTheSelectionAndANewTryFromItsRemedy) {
+  lap.Form_Load();
+  EXPECT_EQ(lap.PortAllapot.Caption.get(),
+            "Port: /dev/parport0, cím 0x378, a kernel meghajtójával.");
+  lap.port.LPT.select(1);
+  EXPECT_EQ(lap.PortAllapot.Caption.get(),
+            "Port: /dev/parport0, cím 0x278, a kernel meghajtójával.");
+  journal.clear();
+  lap.PortTeendo.click();
+  ports.now.kind = platform::PortState::Kind::NoDriver;
+  ports.changed();
+  const std::string text =
+      "Semmi sem megy ki: a nyomtatóport meghajtója nincs betöltve. Töltse be!";
+  const std::string shown = "remedy " + text + ": sudo modprobe -a parport_pc ppdev";
+  EXPECT_EQ(lap.PortAllapot.Caption.get(), text);
+  lap.PortTeendo.click();
+  remedies.retries = 5;
+  lap.PortTeendo.click();
+  const std::string found = "remedy Port: /dev/parport0, cím 0x278, a kernel meghajtójával.: ";
+  EXPECT_EQ(journal, (Journal{found, shown, shown, "open 278", found}));
 }
 
 TEST_F(Shell, TwoMarksTellThatTheSetupHasChangedSinceItWasSavedAndSent) {
