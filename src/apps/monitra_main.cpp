@@ -1,8 +1,15 @@
+#include <iostream>
+
 #include "apps/window_program.h"
 #include "ports/real_ports.h"
 
 int main(int argc, char** argv) {
-  monitra::ports::RealPorts ports;
-  return monitra::apps::run(argc, argv,
-                            {"Monitra Setup", ":/pictures/monitra.svg", ports, ports, {}});
+  using namespace monitra;
+  ports::RealPorts ports;
+  const auto tellChanges = [](shell::Lap& lap) {
+    lap.PortAllapot.Caption.observe(
+        [&lap] { std::cout << lap.PortAllapot.Caption.get() << std::endl; });
+  };
+  return apps::run(argc, argv,
+                   {"Monitra Setup", ":/pictures/monitra.svg", ports, ports, tellChanges});
 }

@@ -10,7 +10,9 @@
 #include <QScreen>
 #include <QSignalBlocker>
 #include <QTabWidget>
+#include <QTimer>
 #include <QVBoxLayout>
+#include <chrono>
 #include <span>
 #include <variant>
 
@@ -74,6 +76,15 @@ MainWindow::MainWindow(shell::Lap& lap) : lap_(lap) {
   setCentralWidget(content);
   joinBuddies(*this);
   layout()->setSizeConstraint(QLayout::SetFixedSize);
+  lookAfterPort();
+}
+
+/// A port can go away while nobody uses it.
+void MainWindow::lookAfterPort() {
+  constexpr std::chrono::seconds interval{1};
+  auto* const watch = new QTimer(this);
+  connect(watch, &QTimer::timeout, this, [this] { lap_.showPort(); });
+  watch->start(interval);
 }
 
 void MainWindow::addMenus() {

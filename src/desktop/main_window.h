@@ -24,6 +24,7 @@ class MainWindow : public QMainWindow {
   void dropEvent(QDropEvent* event) override;
 
  private:
+  void lookAfterPort();
   void addMenus();
   QTabWidget* addTabs();
 

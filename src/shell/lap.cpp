@@ -156,7 +156,12 @@ void Lap::PortTeendo_Click() {
 }
 
 void Lap::showPort() {
-  PortAllapot.Caption = portText(outside_.ports.state(selectedAddress()), port.LPT.text());
+  const platform::PortState state = outside_.ports.state(selectedAddress());
+  const std::string& entry = port.LPT.text();
+  if (shownPort_ == state && shownEntry_ == entry) return;
+  shownPort_ = state;
+  shownEntry_ = entry;
+  PortAllapot.Caption = portText(state, entry);
 }
 
 void Lap::tellUploaded() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "bench/bit_output.h"
@@ -82,6 +83,9 @@ class Lap {
   void SSTab1_Click();
   void PortTeendo_Click();
 
+  /// Brings PortAllapot up to date, if there is anything new to say.
+  void showPort();
+
   /// Read a firmware file, and write a copy of it with the present Setup. No control leads here.
   OpenedFirmware openFirmware();
   platform::Failure saveFirmware();
@@ -127,7 +131,6 @@ class Lap {
   void bindMenus();
   void bindBench();
   void tellUploaded();
-  void showPort();
   void openSetup();
   void saveSetup();
   void loadInfo();
@@ -148,6 +151,8 @@ class Lap {
   link::Upload upload_;
   store::SetupFiles files_;
   firmware::FirmwareFiles firmware_;
+  std::optional<platform::PortState> shownPort_;
+  std::string shownEntry_;
   long vanishedBefore_ = 0;
   bool ended_ = false;
 };

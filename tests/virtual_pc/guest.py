@@ -41,18 +41,39 @@ def fetch_kernel(folder):
     return kernel / "vmlinuz"
 
 
+def copy_file(file, root):
+    """To the place in the guest that it has here."""
+    target = root / str(file).lstrip("/")
+    target.parent.mkdir(parents=True, exist_ok=True)
+    shutil.copy(file, target)
+
+
+def copy_libraries(binary, root):
+    """All that a program or library is linked with."""
+    for library in re.findall(r"(/\S+) \(0x", call("ldd", binary)):
+        copy_file(library, root)
+
+
 def copy_program(program, root):
-    """The program without its debug data, and the libraries that it is linked with."""
+    """The program without its debug data, with its libraries."""
     call("strip", "-o", root / "bin" / program.name, program)
-    for library in re.findall(r"(/\S+) \(0x", call("ldd", program)):
-        target = root / library.lstrip("/")
-        target.parent.mkdir(parents=True, exist_ok=True)
-        shutil.copy(library, target)
+    copy_libraries(program, root)
 
 
-def build_memory(folder, programs, setup, kernel):
-    """The guest's file system as an archive for the kernel."""
-    root = folder / "root"
+def copy_display(root):
+    """What a window needs that nobody looks at."""
+    plugins = pathlib.Path(call("qmake6", "-query", "QT_INSTALL_PLUGINS").strip())
+    offscreen = plugins / "platforms/libqoffscreen.so"
+    copy_file(offscreen, root)
+    copy_libraries(offscreen, root)
+    copy_file("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", root)
+    copy_file("/etc/fonts/fonts.conf", root)
+
+
+def build_memory(folder, programs, setup, kernel, window=None):
+    """The guest's file system as an archive for the kernel, with or without the program that has a
+    window."""
+    root = folder / ("root" if window is None else "root-window")
     shutil.rmtree(root, ignore_errors=True)
     for name in ("bin", "dev", "proc", "sys", "tmp", "run/root", "run/lock", "etc", "guest/modules"):
         (root / name).mkdir(parents=True)
@@ -73,9 +94,11 @@ def build_memory(folder, programs, setup, kernel):
         group += f"{user}:x:{number}:\n"
     (root / "etc/passwd").write_text(passwd)
     (root / "etc/group").write_text(group)
-    for program in programs:
+    for program in programs if window is None else (*programs, window):
         copy_program(program, root)
-    archive = folder / "memory.cpio"
+    if window is not None:
+        copy_display(root)
+    archive = root.with_suffix(".cpio")
     with open(archive, "wb") as out:
         names = call("find", ".", cwd=root)
         subprocess.run(["cpio", "-o", "-H", "newc", "--quiet", "-R", "0:0"], cwd=root, check=True,
@@ -95,7 +118,7 @@ def start(folder, kernel, memory, script, base, port, entry="378"):
                   "-device", f"isa-parallel,chardev=nothing,iobase={base:#x},irq=7"]
     line = f"quiet loglevel=1 panic=-1 mitigations=off script={script} base={base:#x} entry={entry}"
     ended = subprocess.run(
-        ["qemu-system-x86_64", "-M", "pc", "-accel", "tcg", "-m", "256", "-nodefaults",
+        ["qemu-system-x86_64", "-M", "pc", "-accel", "tcg", "-m", "512", "-nodefaults",
          "-no-user-config", "-display", "none", "-no-reboot", "-kernel", kernel, "-initrd", memory,
          "-append", line, "-serial", f"file:{out}", *device,
          "-device", "isa-debug-exit,iobase=0x501,iosize=1", "-msg", "timestamp=on",
