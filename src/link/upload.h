@@ -16,7 +16,7 @@ inline constexpr std::uint8_t SetupZaro = 255;
 using SetupMessage = std::array<std::uint8_t, 20>;
 
 /// Register writes of one upload.
-inline constexpr long uploadWrites = 20 * 8 * 3;
+inline constexpr long uploadWrites = 480;
 
 /// The message that carries a Setup into the controller, in sending order.
 SetupMessage setupMessage(const timing::Setup& setup);

@@ -42,6 +42,7 @@ std::string servedEntry(const ports::FoundPort& port, const std::vector<ports::F
 std::vector<ListedPort> listed(ports::KernelDriver& kernel, ports::RawDriver& raw) {
   std::vector<ListedPort> list;
   const std::vector<ports::FoundPort> known = kernel.find();
+  list.reserve(known.size());
   for (const ports::FoundPort& port : known) {
     list.push_back({servedEntry(port, known), "kernel", kernel.look(port)});
   }
