@@ -166,7 +166,6 @@ void PrinterPorts::lose(Entry& entry) {
   PortState state = entry.state;
   state.kind = Kind::Lost;
   entry.port.reset();
-  entry.lastOpening = clock_();
   become(entry, state);
 }
 

@@ -157,11 +157,9 @@ void Lap::PortTeendo_Click() {
 
 void Lap::showPort() {
   const platform::PortState state = outside_.ports.state(selectedAddress());
-  const std::string& entry = port.LPT.text();
-  if (shownPort_ == state && shownEntry_ == entry) return;
+  if (shownPort_ == state) return;
   shownPort_ = state;
-  shownEntry_ = entry;
-  PortAllapot.Caption = portText(state, entry);
+  PortAllapot.Caption = portText(state, port.LPT.text());
 }
 
 void Lap::tellUploaded() {

@@ -152,7 +152,6 @@ class Lap {
   store::SetupFiles files_;
   firmware::FirmwareFiles firmware_;
   std::optional<platform::PortState> shownPort_;
-  std::string shownEntry_;
   long vanishedBefore_ = 0;
   bool ended_ = false;
 };

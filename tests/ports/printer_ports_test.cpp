@@ -260,6 +260,11 @@ TEST_F(PortsOfAPc, NoPortServesTwoEntries) {
   now += milliseconds(200);
   write(0x3BE, 5);
   EXPECT_EQ(told(), (Journal{"1D=4", "open 2", "changed", "2C=5"}));
+  PrinterPorts other({&kernel}, memory, [this] { return now; });
+  kernel.found = {{0, 0xC000}, {1, 0xD010}};
+  other.tryAgain(0x378);
+  other.tryAgain(0x278);
+  EXPECT_EQ(told(), (Journal{"open 0", "open 1"})) << "in whichever order they are used";
 }
 
 TEST_F(PortsOfAPc, TheLastControlValueIsKeptForTheNextRun) {
@@ -274,6 +279,11 @@ TEST_F(PortsOfAPc, TheLastControlValueIsKeptForTheNextRun) {
   kernel.found = {{0, 0x278}};
   next.tryAgain(0x278);
   EXPECT_EQ(told(), (Journal{"open 0"})) << "of this port and no other";
+  next.DlPortWritePortUchar(0x27A, 0x0E);
+  kernel.found = {{1, 0xC000}};
+  next.tryAgain(0x278);
+  next.DlPortWritePortUchar(0x27A, 0x0E);
+  EXPECT_EQ(memory.last(0xC000), 0x0E) << "the same value on another port";
 }
 
 TEST_F(PortsOfAPc, OtherAddressesAreNobodys) {
