@@ -38,18 +38,24 @@ QHBoxLayout* commandRow(const QString& command) {
   return row;
 }
 
+QLabel* paragraph(const std::string& text) {
+  constexpr int width = 420;
+  auto* const label = new QLabel(toQt(text));
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  label->setMinimumWidth(width);
+  return label;
+}
+
 }  // namespace
 
 bool QtRemedyBox::show(const platform::Remedy& remedy) {
-  constexpr int width = 420;
   QDialog dialog(parent_);
   dialog.setWindowTitle(title_);
   auto* const rows = new QVBoxLayout(&dialog);
-  auto* const text = new QLabel(toQt(remedy.text));
-  text->setTextFormat(Qt::PlainText);
-  text->setWordWrap(true);
-  text->setMinimumWidth(width);
-  rows->addWidget(text);
+  for (const std::string& text : {remedy.text, remedy.advice}) {
+    if (!text.empty()) rows->addWidget(paragraph(text));
+  }
   if (!remedy.command.empty()) {
     rows->addWidget(new QLabel(QStringLiteral("Parancs a terminálba:")));
     rows->addLayout(commandRow(toQt(remedy.command)));

@@ -2,6 +2,7 @@
 
 #include <sched.h>
 #include <thread>
+#include <time.h>
 
 namespace monitra::host {
 
@@ -28,7 +29,9 @@ void Pacer::bePunctual(bool on) {
 }
 
 std::chrono::nanoseconds Pacer::now() const {
-  return Clock::now().time_since_epoch();
+  timespec time{};
+  ::clock_gettime(CLOCK_BOOTTIME, &time);
+  return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
 }  // namespace monitra::host

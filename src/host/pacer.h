@@ -13,6 +13,7 @@ class Pacer : public platform::Sleeper {
   /// Puts the calling thread ahead of all ordinary ones where the system grants that.
   void bePunctual(bool on) override;
 
+  /// Counts the time as well that the PC was asleep.
   std::chrono::nanoseconds now() const override;
 
  private:

@@ -3,6 +3,7 @@
 namespace monitra::link {
 
 void CommandFrames::KeretKuld(std::uint8_t motor, std::uint8_t value) {
+  const SerialLine::Message whole(line_);
   line_.SorosBajt(motor);
   line_.SorosBajt(0);
   line_.SorosBajt(value);

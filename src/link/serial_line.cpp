@@ -14,18 +14,6 @@ constexpr std::uint8_t withoutBit(std::uint8_t value, std::uint8_t bit) {
   return static_cast<std::uint8_t>(value & ~mask(bit));
 }
 
-/// The waits are punctual for as long as this lives.
-class Punctual {
- public:
-  explicit Punctual(platform::Sleeper& sleeper) : sleeper_(sleeper) { sleeper_.bePunctual(true); }
-  Punctual(const Punctual&) = delete;
-  Punctual& operator=(const Punctual&) = delete;
-  ~Punctual() { sleeper_.bePunctual(false); }
-
- private:
-  platform::Sleeper& sleeper_;
-};
-
 }  // namespace
 
 SerialLine::SerialLine(const PortSelection& port, platform::PortRegisters& registers,
@@ -45,7 +33,6 @@ void SerialLine::SorosBit(bool bit) {
 }
 
 void SerialLine::SorosBajt(std::uint8_t value) {
-  const Punctual punctual(sleeper_);
   for (std::uint8_t n = 0; n < 8; ++n) SorosBit((value & mask(n)) != 0);
 }
 
@@ -65,6 +52,11 @@ void SerialLine::startTiming() {
 
 LineTiming SerialLine::timing() const {
   return {sleeper_.now() - start_, longestPause_};
+}
+
+void SerialLine::markMessage(bool begins) {
+  sleeper_.bePunctual(begins);
+  if (inMessage) inMessage(begins);
 }
 
 void SerialLine::writeAndWait(std::int32_t address, std::uint8_t before, std::uint8_t value) {

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <optional>
 
 #include "link/port_selection.h"
@@ -21,6 +22,19 @@ struct LineTiming {
 /// leaves the other six pins as it finds them. All arguments must outlive it.
 class SerialLine {
  public:
+  /// A message is under way for as long as this lives.
+  class Message {
+   public:
+    /// The line must outlive it.
+    explicit Message(SerialLine& line) : line_(line) { line_.markMessage(true); }
+    Message(const Message&) = delete;
+    Message& operator=(const Message&) = delete;
+    ~Message() { line_.markMessage(false); }
+
+   private:
+    SerialLine& line_;
+  };
+
   SerialLine(const PortSelection& port, platform::PortRegisters& registers,
              platform::Sleeper& sleeper);
 
@@ -33,11 +47,15 @@ class SerialLine {
   /// Both lines low, by one write and without a wait.
   void SorosAlap();
 
+  /// Called with true ahead of the first bit of a message, with false behind its last.
+  std::function<void(bool)> inMessage;
+
   /// Begins a measurement, and tells what has come of it up to now.
   void startTiming();
   LineTiming timing() const;
 
  private:
+  void markMessage(bool begins);
   void writeAndWait(std::int32_t address, std::uint8_t before, std::uint8_t value);
   void noteEdge();
 

@@ -62,6 +62,7 @@ void Upload::send(const SetupMessage& message) {
   /// What the bar shows after the byte at each position; 0: it stays.
   constexpr std::array<double, 20> barAfter{0, 0,  10, 0,  25, 0,  35, 0, 50, 0,
                                             0, 62, 0,  75, 0,  85, 0,  0, 0,  100};
+  const SerialLine::Message whole(line_);
   line_.startTiming();
   for (std::size_t position = 0; position < message.size(); ++position) {
     line_.SorosBajt(message[position]);

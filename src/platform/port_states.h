@@ -16,6 +16,7 @@ struct PortState {
     NoDriver,      ///< the kernel's driver for printer ports is not loaded
     NoNode,        ///< its part for programs is not loaded
     NoPort,        ///< the PC has no printer port
+    Hidden,        ///< the kernel has it, but there is no node for it here
     NoneLeft,      ///< every port of the PC serves another entry
     NoPermission,  ///< the user may not open it
     NotYetMember,  ///< the user may, from the next login on
@@ -31,6 +32,7 @@ struct PortState {
   std::string node = {};     ///< "/dev/parport0"; empty without one
   std::string holder = {};   ///< who has a busy port: "program (number)", or a driver's name
   bool holderIsDriver = false;
+  std::string group = {};  ///< whose members may open a port that the user may not
   /// The printer's driver is there too. Its pages wait while we have the port, and where the port
   /// has an interrupt the kernel can freeze when it hands the port over to one that waits.
   bool shared = false;
@@ -56,6 +58,10 @@ class PortStates {
 
   /// Opens the entry's port now if it isn't in use, as its next use would.
   virtual void tryAgain(std::int32_t entry) = 0;
+
+  /// A message begins with the next access, or has ended with the last one. What begins without a
+  /// port must not end on one, so behind its first access none is opened.
+  virtual void markMessage(bool /*begins*/) {}
 
   /// How many writes up to now have gone out on no port.
   virtual long vanished() const = 0;

@@ -7,6 +7,7 @@ namespace monitra::platform {
 /// What stands in the way of something, and what the user can do about it.
 struct Remedy {
   std::string text;
+  std::string advice;     ///< what to mind; empty if there is nothing
   std::string command;    ///< for a terminal; empty if there is none
   bool canRetry = false;  ///< whether it can be tried again from here
 };

@@ -18,7 +18,12 @@ namespace fs = std::filesystem;
 fs::path runtimeFolder() {
   const std::string user = std::to_string(::geteuid());
   const char* const session = std::getenv("XDG_RUNTIME_DIR");
-  if (session != nullptr && *session == '/') return fs::path(session) / "monitra";
+  struct stat status {};
+  // That of another user stays in force where root's rights were taken on for a moment.
+  if (session != nullptr && *session == '/' && ::stat(session, &status) == 0 &&
+      status.st_uid == ::geteuid()) {
+    return fs::path(session) / "monitra";
+  }
   std::error_code error;
   const fs::path usual = fs::path("/run/user") / user;
   if (fs::exists(usual, error)) return usual / "monitra";

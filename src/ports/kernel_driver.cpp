@@ -1,6 +1,5 @@
 #include "ports/kernel_driver.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <grp.h>
 #include <linux/ppdev.h>
@@ -12,6 +11,7 @@
 #include <utility>
 
 #include "ports/locked_file.h"
+#include "ports/raw_driver.h"
 
 namespace monitra::ports {
 
@@ -23,8 +23,8 @@ using Devices = std::vector<std::string>;
 
 class KernelPort : public OpenPort {
  public:
-  KernelPort(LockedFile node, std::filesystem::path path)
-      : node_(std::move(node)), path_(std::move(path)) {}
+  KernelPort(LockedFile node, LockedFile address, std::filesystem::path path)
+      : node_(std::move(node)), address_(std::move(address)), path_(std::move(path)) {}
 
   std::optional<std::uint8_t> read(Register which) override {
     std::uint8_t value = 0;
@@ -50,6 +50,7 @@ class KernelPort : public OpenPort {
 
  private:
   LockedFile node_;
+  LockedFile address_;
   std::filesystem::path path_;
 };
 
@@ -61,29 +62,36 @@ bool claim(int descriptor, std::optional<std::uint8_t> lastControl) {
   return true;
 }
 
-/// Whether the user belongs to the file's group, which this session doesn't know of yet.
-bool isMemberSinceLogin(const std::filesystem::path& file) {
+/// Who may open a file that this process may not.
+struct Members {
+  std::string group;  ///< empty if it is no question of a group
+  bool hasUser;       ///< the user is one of them, which this session doesn't know of yet
+};
+
+Members membersFor(const std::filesystem::path& file) {
   struct stat status {};
-  if (::stat(file.c_str(), &status) != 0 || (status.st_mode & S_IWGRP) == 0) return false;
-  const passwd* const user = ::getpwuid(::geteuid());
+  if (::stat(file.c_str(), &status) != 0 || (status.st_mode & S_IWGRP) == 0) return {};
   const group* const owners = ::getgrgid(status.st_gid);
-  if (user == nullptr || owners == nullptr) return false;
-  for (char** member = owners->gr_mem; *member != nullptr; ++member) {
-    if (std::string_view(*member) == user->pw_name) return true;
+  if (owners == nullptr || ::geteuid() == 0 || ::group_member(status.st_gid) != 0) return {};
+  Members members{owners->gr_name, false};
+  const passwd* const user = ::getpwuid(::geteuid());
+  for (char** member = owners->gr_mem; user != nullptr && *member != nullptr; ++member) {
+    if (std::string_view(*member) == user->pw_name) members.hasUser = true;
   }
-  return false;
+  return members;
 }
 
 }  // namespace
 
-PortState KernelDriver::none() {
+PortState KernelDriver::none() const {
   return {.kind = folder_.searches() ? Kind::NoPort : Kind::NoDriver};
 }
 
 PortState KernelDriver::look(const FoundPort& port) {
   LockedFile node(folder_.node(port));
   if (!node.isOpen()) return refused(port, node.error());
-  if (!node.lock()) return busy(port);
+  LockedFile address = lockFile(folder_.lock(port));
+  if (!node.lock() || (address.isOpen() && !address.lock())) return busy(port);
   const Devices registered = folder_.registered(port);
   if (registered.empty()) return of(port, Kind::Untried);
   if (registered != Devices{std::string(printerDriver)}) return busy(port);
@@ -94,25 +102,35 @@ PortState KernelDriver::look(const FoundPort& port) {
 }
 
 Opening KernelDriver::open(const FoundPort& port, std::optional<std::uint8_t> lastControl) {
+  LockedFile address = lockFile(folder_.lock(port));
+  if (address.isOpen() && !address.lockSoon()) return {nullptr, busy(port)};
+  // What stands on the pins is the truth, where the process may look at it.
+  if (const auto present = controlPins(port.address)) lastControl = present;
   // Alone if the kernel lets us; beside the printer's driver only while that is idle, or the claim
   // would wait for it. Two programs beside each other would never come free again: hence the lock.
   for (const bool alone : {true, false}) {
+    if (alone && hasPrinterDriverOnly(port)) continue;
     LockedFile node(folder_.node(port));
     if (!node.isOpen()) return {nullptr, refused(port, node.error())};
-    if (!node.lock()) return {nullptr, busy(port)};
+    if (!node.lockSoon()) return {nullptr, busy(port)};
     if (alone && ::ioctl(node.descriptor(), PPEXCL) != 0) return {nullptr, refused(port, errno)};
     if (!alone && !folder_.active(port).empty()) return {nullptr, of(port, Kind::Printing)};
     if (claim(node.descriptor(), lastControl)) {
-      Opening opening{std::make_unique<KernelPort>(std::move(node), folder_.node(port)),
-                      of(port, Kind::Kernel)};
+      Opening opening{
+          std::make_unique<KernelPort>(std::move(node), std::move(address), folder_.node(port)),
+          of(port, Kind::Kernel)};
       opening.state.shared = !alone;
       return opening;
     }
     if (errno != ENXIO) return {nullptr, refused(port, errno)};
     if (!folder_.exists(port)) return {nullptr, none()};
-    if (folder_.registered(port) != Devices{std::string(printerDriver)}) break;
+    if (!hasPrinterDriverOnly(port)) break;
   }
   return {nullptr, busy(port)};
+}
+
+bool KernelDriver::hasPrinterDriverOnly(const FoundPort& port) const {
+  return folder_.registered(port) == Devices{std::string(printerDriver)};
 }
 
 PortState KernelDriver::of(const FoundPort& port, Kind kind) const {
@@ -120,28 +138,24 @@ PortState KernelDriver::of(const FoundPort& port, Kind kind) const {
 }
 
 PortState KernelDriver::refused(const FoundPort& port, int error) const {
-  if (error == EACCES || error == EPERM) {
-    return of(port,
-              isMemberSinceLogin(folder_.node(port)) ? Kind::NotYetMember : Kind::NoPermission);
-  }
   if (error == ENOENT || error == ENXIO || error == ENODEV) {
-    return of(port, folder_.servesPrograms() ? Kind::NoPort : Kind::NoNode);
+    if (!folder_.servesPrograms()) return of(port, Kind::NoNode);
+    return folder_.exists(port) ? of(port, Kind::Hidden) : none();
   }
   PortState state = of(port, Kind::Failed);
   state.error = error;
+  if (error != EACCES) return state;
+  const Members members = membersFor(folder_.node(port));
+  if (members.group.empty()) return state;
+  state = of(port, members.hasUser ? Kind::NotYetMember : Kind::NoPermission);
+  state.group = members.group;
   return state;
 }
 
 PortState KernelDriver::busy(const FoundPort& port) const {
-  constexpr std::string_view forPrograms = "ppdev";
   PortState state = of(port, Kind::Busy);
-  for (const std::string& name : folder_.registered(port)) {
-    if (name.starts_with(forPrograms) || name == printerDriver) continue;
-    state.holder = name;
-    state.holderIsDriver = true;
-    return state;
-  }
-  state.holder = programHolding(folder_.node(port));
+  state.holder = holderOf(folder_, port);
+  state.holderIsDriver = isDriver(state.holder);
   return state;
 }
 

@@ -69,11 +69,11 @@ std::string locker(const struct stat& file) {
   return {};
 }
 
-bool hasOpen(const fs::path& process, const struct stat& file) {
+/// By the names of its open files alone: a file itself can be on a disk that doesn't answer.
+bool hasOpen(const fs::path& process, const fs::path& file) {
   return std::ranges::any_of(entries(process / "fd"), [&file](const fs::path& open) {
-    struct stat opened {};
-    return ::stat(open.c_str(), &opened) == 0 && opened.st_dev == file.st_dev &&
-           opened.st_ino == file.st_ino;
+    std::error_code error;
+    return fs::read_symlink(open, error) == file;
   });
 }
 
@@ -125,8 +125,27 @@ fs::path ParportFolder::node(const FoundPort& port) const {
   return root_ / "dev" / (std::string(portName) + std::to_string(port.number));
 }
 
+fs::path ParportFolder::lock(const FoundPort& port) const {
+  std::ostringstream name;
+  name << "monitra-" << std::hex << port.address;
+  return root_ / "run/lock" / name.str();
+}
+
 fs::path ParportFolder::folder(const FoundPort& port) const {
   return root_ / "proc/sys/dev/parport" / (std::string(portName) + std::to_string(port.number));
+}
+
+std::string holderOf(const ParportFolder& folder, const FoundPort& port) {
+  constexpr std::string_view forPrograms = "ppdev";
+  for (const std::string& name : folder.registered(port)) {
+    if (!name.starts_with(forPrograms) && name != printerDriver) return name;
+  }
+  const std::string program = programHolding(folder.node(port));
+  return program.empty() ? programHolding(folder.lock(port)) : program;
+}
+
+bool isDriver(std::string_view holder) {
+  return !holder.empty() && holder.find('(') == std::string_view::npos;
 }
 
 std::string programHolding(const fs::path& file) {
@@ -137,7 +156,7 @@ std::string programHolding(const fs::path& file) {
   }
   for (const fs::path& process : entries("/proc")) {
     const int number = wholeNumber(process.filename().string());
-    if (number > 0 && number != ::getpid() && hasOpen(process, wanted)) {
+    if (number > 0 && number != ::getpid() && hasOpen(process, file)) {
       return describeProgram(process.filename());
     }
   }

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ports/port_driver.h"
@@ -33,6 +34,9 @@ class ParportFolder {
   /// Its node for programs.
   std::filesystem::path node(const FoundPort& port) const;
 
+  /// What every program of ours locks that uses the port, by whichever way.
+  std::filesystem::path lock(const FoundPort& port) const;
+
  private:
   std::filesystem::path folder(const FoundPort& port) const;
 
@@ -42,8 +46,16 @@ class ParportFolder {
 /// The name of the printer's driver.
 inline constexpr std::string_view printerDriver = "lp";
 
-/// The program that holds the file locked, or where none does one that has it open: its name and
-/// number; empty if that can't be seen. This process doesn't count.
+/// Who keeps a port from us: the name of a driver that is registered on it, other than the
+/// printer's and that for programs, or else a program's name and number; empty if nobody can be
+/// seen.
+std::string holderOf(const ParportFolder& folder, const FoundPort& port);
+
+/// Whether that is a driver's name.
+bool isDriver(std::string_view holder);
+
+/// The program that holds a file locked, or where none does one that has it open: its name and
+/// number; empty if that can't be seen.
 std::string programHolding(const std::filesystem::path& file);
 
 }  // namespace monitra::ports

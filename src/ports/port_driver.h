@@ -63,7 +63,7 @@ class PortDriver {
   virtual std::vector<FoundPort> find() = 0;
 
   /// Why there is none, where find() gives none.
-  virtual platform::PortState none() = 0;
+  virtual platform::PortState none() const = 0;
 
   /// What opening would come to, without anything that could move a pin.
   virtual platform::PortState look(const FoundPort& port) = 0;

@@ -108,46 +108,52 @@ PrinterPorts::Entry* PrinterPorts::entryOf(std::int32_t address) {
 /// Looks after the entry's port ahead of an access.
 void PrinterPorts::prepare(Entry& entry, Register which) {
   const std::chrono::nanoseconds now = clock_();
-  const bool newUse = now - std::exchange(lastAccess_, now) >= pauseBetweenUses ||
-                      (which == Register::Control && now - entry.lastOpening >= betweenOpenings) ||
-                      !entry.used;
+  const bool afterPause = now - std::exchange(entry.lastAccess, now) >= pauseBetweenUses;
+  const bool atTick = which == Register::Control && now - entry.lastOpening >= betweenOpenings;
+  const bool newUse = inMessage_ ? std::exchange(messageStarts_, false) : afterPause || atTick;
   if (entry.port != nullptr && now - entry.lastCheck >= betweenChecks) checkPresence(entry);
-  if (entry.port == nullptr && newUse) open(entry);
+  if (entry.port == nullptr && (newUse || !entry.used)) open(entry);
 }
 
 void PrinterPorts::open(Entry& entry) {
-  entry.used = true;
+  const bool first = !std::exchange(entry.used, true);
   Opening opening = findPort(entry, [this, &entry](PortDriver& driver, const FoundPort& port) {
-    entry.found = port;
-    return driver.open(port, memory_.last(port.address));
+    Opening opened = driver.open(port, memory_.last(port.address));
+    if (opened.port != nullptr) entry.chosen = port;
+    return opened;
   });
   entry.port = std::move(opening.port);
   entry.lastOpening = entry.lastCheck = clock_();
-  entry.keptControl.reset();
-  become(entry, opening.state);
+  become(entry, opening.state, first);
+}
+
+/// The one of the ports found that is to serve the entry.
+std::optional<FoundPort> PrinterPorts::choose(const Entry& entry,
+                                              std::vector<FoundPort> found) const {
+  std::vector<std::int32_t> waiting;
+  for (const Entry& each : entries_) {
+    if (!each.chosen) waiting.push_back(each.address);
+    std::erase_if(found, [&entry, &each](const FoundPort& port) {
+      const bool isChosen = each.chosen && each.chosen->address == port.address;
+      return &each == &entry ? each.chosen && !isChosen : isChosen;
+    });
+  }
+  if (entry.chosen) return found.empty() ? std::nullopt : std::optional(found.front());
+  return portFor(entry.address, found, waiting);
 }
 
 /// What the first driver that can do it makes of the entry's port; if none can, what the first
 /// said.
 Opening PrinterPorts::findPort(const Entry& entry, const Reach& reach) {
-  std::vector<std::int32_t> waiting;
-  std::vector<std::int32_t> held;
-  for (const Entry& each : entries_) {
-    each.port == nullptr ? waiting.push_back(each.address) : held.push_back(each.found.address);
-  }
   std::optional<PortState> first;
   for (PortDriver* const driver : drivers_) {
-    std::vector<FoundPort> found = driver->find();
-    const bool anyPort = !found.empty();
-    std::erase_if(found, [&held](const FoundPort& port) {
-      return std::ranges::count(held, port.address) > 0;
-    });
-    const auto port = portFor(entry.address, found, waiting);
+    const std::vector<FoundPort> found = driver->find();
+    const auto port = choose(entry, found);
     Opening opening;
     if (port) {
       opening = reach(*driver, *port);
     } else {
-      opening.state = anyPort ? PortState{.kind = Kind::NoneLeft} : driver->none();
+      opening.state = found.empty() ? driver->none() : PortState{.kind = Kind::NoneLeft};
     }
     if (isGood(opening.state)) return opening;
     if (!first) first = opening.state;
@@ -166,14 +172,14 @@ void PrinterPorts::lose(Entry& entry) {
   PortState state = entry.state;
   state.kind = Kind::Lost;
   entry.port.reset();
-  become(entry, state);
+  become(entry, state, false);
 }
 
-void PrinterPorts::become(Entry& entry, const PortState& state) {
+void PrinterPorts::become(Entry& entry, const PortState& state, bool first) {
   const bool isGone = state.kind == Kind::NoDriver || state.kind == Kind::NoNode ||
                       state.kind == Kind::NoPort || state.kind == Kind::NoneLeft;
   // A port that went away is what there is to say for as long as it stays away.
-  if (entry.state == state || (entry.state.kind == Kind::Lost && isGone)) return;
+  if (!first && (entry.state == state || (entry.state.kind == Kind::Lost && isGone))) return;
   entry.state = state;
   if (changed) changed();
 }
@@ -181,7 +187,7 @@ void PrinterPorts::become(Entry& entry, const PortState& state) {
 void PrinterPorts::keepControl(Entry& entry, std::uint8_t value) {
   if (entry.keptControl == value) return;
   entry.keptControl = value;
-  memory_.keep(entry.found.address, value);
+  memory_.keep(entry.chosen->address, value);
 }
 
 }  // namespace monitra::ports

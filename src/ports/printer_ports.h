@@ -27,12 +27,13 @@ std::optional<FoundPort> portFor(std::int32_t entry, std::span<const FoundPort> 
                                  std::span<const std::int32_t> waiting);
 
 /// The registers of the PC's real printer ports. The port of an entry is looked for and opened at
-/// the first access to one of its registers, and held until it is lost or this is destroyed.
+/// the first access to one of its registers, and held until it is lost or this is destroyed. A lost
+/// one is never replaced by another port: what hangs on that is not the same machine.
 ///
 /// An entry without a usable port takes writes and gives them back, and its port is looked for anew
-/// when it is used again: never in the middle of a transfer, which would reach it as half a
-/// message. So the next look is at the first access behind a pause, or at one of the control
-/// register, which no transfer uses.
+/// when it is used again. That is at the beginning of a message, and outside of one at the first
+/// access behind a pause, or now and then at one of the control register, which the generator's
+/// tick begins with.
 class PrinterPorts : public platform::PortRegisters, public platform::PortStates {
  public:
   using Clock = std::function<std::chrono::nanoseconds()>;
@@ -48,6 +49,7 @@ class PrinterPorts : public platform::PortRegisters, public platform::PortStates
 
   platform::PortState state(std::int32_t entry) override;
   void tryAgain(std::int32_t entry) override;
+  void markMessage(bool begins) override { inMessage_ = messageStarts_ = begins; }
   long vanished() const override { return vanished_; }
 
  private:
@@ -55,8 +57,9 @@ class PrinterPorts : public platform::PortRegisters, public platform::PortStates
     std::int32_t address;
     bool used = false;
     platform::PortState state = {};
-    FoundPort found = {};
+    std::optional<FoundPort> chosen = {};  ///< from the first opening on, lost or not
     std::unique_ptr<OpenPort> port = {};
+    std::chrono::nanoseconds lastAccess = {};
     std::chrono::nanoseconds lastOpening = {};
     std::chrono::nanoseconds lastCheck = {};
     std::optional<std::uint8_t> keptControl = {};
@@ -66,10 +69,11 @@ class PrinterPorts : public platform::PortRegisters, public platform::PortStates
   Entry* entryOf(std::int32_t address);
   void prepare(Entry& entry, Register which);
   void open(Entry& entry);
+  std::optional<FoundPort> choose(const Entry& entry, std::vector<FoundPort> found) const;
   Opening findPort(const Entry& entry, const Reach& reach);
   void checkPresence(Entry& entry);
   void lose(Entry& entry);
-  void become(Entry& entry, const platform::PortState& state);
+  void become(Entry& entry, const platform::PortState& state, bool first);
   void keepControl(Entry& entry, std::uint8_t value);
 
   std::vector<PortDriver*> drivers_;
@@ -77,7 +81,8 @@ class PrinterPorts : public platform::PortRegisters, public platform::PortStates
   Clock clock_;
   RegisterMemory registers_;
   std::array<Entry, entryAddresses.size()> entries_;
-  std::chrono::nanoseconds lastAccess_{};
+  bool inMessage_ = false;
+  bool messageStarts_ = false;  ///< at the next access
   long vanished_ = 0;
 };
 

@@ -2,10 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <sstream>
 #include <utility>
-
-#include "ports/locked_file.h"
 
 #if defined(__x86_64__) || defined(__i386__)
 #include <sys/io.h>
@@ -60,9 +57,10 @@ class Access {
 
 class RawPort : public OpenPort {
  public:
-  RawPort(Access access, LockedFile lock)
+  RawPort(Access access, LockedFile address, LockedFile node)
       : access_(access),
-        lock_(std::move(lock)),
+        address_(std::move(address)),
+        node_(std::move(node)),
         interrupt_(access_.in(controlOffset)&interruptBit) {}
 
   std::optional<std::uint8_t> read(Register which) override {
@@ -85,18 +83,10 @@ class RawPort : public OpenPort {
   static constexpr std::uint8_t interruptBit = 0x10;
 
   Access access_;
-  LockedFile lock_;
+  LockedFile address_;
+  LockedFile node_;
   std::uint8_t interrupt_;  ///< stays as it was found
 };
-
-/// What programs lock that use this port: its node, where it has one, or else a file of our own.
-LockedFile lockFor(const std::filesystem::path& node, std::int32_t address) {
-  LockedFile lock(node);
-  if (lock.isOpen()) return lock;
-  std::ostringstream name;
-  name << "/run/lock/monitra-" << std::hex << address;
-  return LockedFile(name.str(), true);
-}
 
 }  // namespace
 
@@ -111,42 +101,56 @@ std::vector<FoundPort> RawDriver::find() {
   return found;
 }
 
-PortState RawDriver::none() {
+PortState RawDriver::none() const {
   return {.kind = Access(0x378).given() ? Kind::NoPort : Kind::NoRegisters};
 }
 
 PortState RawDriver::look(const FoundPort& port) {
-  PortState state{.kind = Kind::Untried, .address = port.address};
-  LockedFile lock = lockFor(folder_.node(port), port.address);
-  if (!lock.isOpen()) {
-    state.kind = Kind::Failed;
-    state.error = lock.error();
-  } else if (!lock.lock()) {
-    state.kind = Kind::Busy;
-    state.node = folder_.exists(port) ? folder_.node(port).string() : std::string{};
-    state.holder = programHolding(folder_.node(port));
-  } else if (const std::string active = folder_.active(port); !active.empty()) {
-    state.kind = active == printerDriver ? Kind::Printing : Kind::Busy;
-    state.holder = active;
-    state.holderIsDriver = true;
+  return lookAndLock(port).state;
+}
+
+/// The locks of a port that can be had, or why it can't be. Nothing keeps the kernel's other
+/// drivers from the registers, so none may be there.
+RawDriver::Locked RawDriver::lookAndLock(const FoundPort& port) {
+  Locked locked{{.kind = Kind::Busy, .address = port.address},
+                lockFile(folder_.lock(port)),
+                LockedFile(folder_.node(port))};
+  if (folder_.exists(port)) locked.state.node = folder_.node(port);
+  const bool isFree =
+      locked.address.lockSoon() && (!locked.node.isOpen() || locked.node.lockSoon());
+  const std::vector<std::string> registered = folder_.registered(port);
+  if (!locked.address.isOpen()) {
+    locked.state.kind = Kind::Failed;
+    locked.state.error = locked.address.error();
+  } else if (isFree && registered.empty()) {
+    locked.state.kind = Kind::Untried;
+    locked.state.node.clear();
+  } else if (registered == std::vector<std::string>{std::string(printerDriver)} && isFree) {
+    locked.state.holder = printerDriver;
+    locked.state.holderIsDriver = true;
+  } else {
+    locked.state.holder = holderOf(folder_, port);
+    locked.state.holderIsDriver = isDriver(locked.state.holder);
   }
-  return state;
+  return locked;
 }
 
 Opening RawDriver::open(const FoundPort& port, std::optional<std::uint8_t> /*lastControl*/) {
-  Opening opening{nullptr, look(port)};
+  Locked locked = lookAndLock(port);
+  Opening opening{nullptr, locked.state};
   if (opening.state.kind != Kind::Untried) return opening;
-  LockedFile lock = lockFor(folder_.node(port), port.address);
-  Access access(port.address);
-  if (!access.given()) {
-    opening.state.kind = Kind::NoRegisters;
-  } else if (!lock.lock()) {
-    opening.state.kind = Kind::Busy;
-  } else {
-    opening.state.kind = Kind::Raw;
-    opening.port = std::make_unique<RawPort>(access, std::move(lock));
-  }
+  const Access access(port.address);
+  opening.state.kind = access.given() ? Kind::Raw : Kind::NoRegisters;
+  if (!access.given()) return opening;
+  opening.port =
+      std::make_unique<RawPort>(access, std::move(locked.address), std::move(locked.node));
   return opening;
+}
+
+std::optional<std::uint8_t> controlPins(std::int32_t address) {
+  const Access access(address);
+  if (!access.answers()) return {};
+  return static_cast<std::uint8_t>(access.in(controlOffset)&controlLines);
 }
 
 }  // namespace monitra::ports

@@ -49,6 +49,7 @@ Lap::Lap(Outside outside)
   upload_.sent.handle([this] { tellUploaded(); });
   bindBench();
   PortTeendo.Click.handle([this] { PortTeendo_Click(); });
+  line_.inMessage = [this](bool begins) { outside_.ports.markMessage(begins); };
   outside_.ports.changed = [this] { showPort(); };
 }
 
@@ -150,6 +151,7 @@ void Lap::SSTab1_Click() {
 
 void Lap::PortTeendo_Click() {
   const auto remedy = [this] {
+    showPort();
     return portRemedy(outside_.ports.state(selectedAddress()), port.LPT.text());
   };
   while (outside_.remedies.show(remedy())) outside_.ports.tryAgain(selectedAddress());

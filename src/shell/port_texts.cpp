@@ -11,20 +11,15 @@ namespace {
 using platform::PortState;
 using Kind = PortState::Kind;
 
-/// "a /dev/parport0", or "a 0x378 című" where the port has no node.
+/// "a /dev/parport0", or "a 0x378 című port" where the port has no node.
 std::string theOne(const PortState& state) {
-  return "a " + (state.node.empty() ? addressText(state.address) + " című" : state.node);
+  return "a " + (state.node.empty() ? addressText(state.address) + " című port" : state.node);
 }
 
 std::string usedPort(const PortState& state, std::string_view entry) {
-  std::string text = "Port: ";
-  if (state.kind == Kind::Kernel) {
-    text += state.node + ", cím " + addressText(state.address) + ", a kernel meghajtójával";
-  } else if (state.kind == Kind::Raw) {
-    text += "közvetlen regiszterek, cím " + addressText(state.address);
-  } else {
-    text += (state.node.empty() ? "" : state.node + ", ") + "cím " + addressText(state.address);
-  }
+  std::string text = "Port: " + (state.node.empty() ? "közvetlen regiszterek" : state.node) +
+                     ", cím " + addressText(state.address);
+  if (state.kind == Kind::Kernel) text += ", a kernel meghajtójával";
   if (state.address != link::portAddress(entry)) {
     text += ", az ";
     text += entry;
@@ -35,19 +30,68 @@ std::string usedPort(const PortState& state, std::string_view entry) {
   return text + ".";
 }
 
-/// Why the port is not in use, and what to do.
-std::string cause(const PortState& state) {
+constexpr const char* loadDriver = "sudo modprobe -a parport_pc ppdev";
+
+/// The module of a driver that calls itself so on a port: without the port's number.
+std::string moduleOf(std::string driver) {
+  while (!driver.empty() && driver.back() >= '0' && driver.back() <= '9') driver.pop_back();
+  return driver;
+}
+
+std::string command(const PortState& state) {
+  switch (state.kind) {
+    case Kind::NoDriver:
+    case Kind::NoRegisters:
+    case Kind::Lost:
+      return loadDriver;
+    case Kind::NoNode:
+      return "sudo modprobe ppdev";
+    case Kind::NoPermission:
+      return "sudo usermod -aG " + state.group + " $USER";
+    case Kind::Printing:
+      return "sudo systemctl stop cups cups.socket cups.path; sudo modprobe -r lp";
+    case Kind::Busy:
+      return state.holderIsDriver ? "sudo modprobe -r " + moduleOf(state.holder) : std::string{};
+    default:
+      return state.shared ? "sudo modprobe -r lp" : std::string{};
+  }
+}
+
+std::string advice(const PortState& state) {
+  if (command(state) == loadDriver) {
+    return "Előbb vegye le a tápot a vezérlőről: a meghajtó betöltéskor mintákat ír a port "
+           "lábaira, "
+           "és a motorok megmozdulhatnak!";
+  }
+  if (state.kind == Kind::NoPermission || state.kind == Kind::NotYetMember) {
+    return "Ha ki- és bejelentkezés után sem megy, indítsa újra a gépet!";
+  }
+  if (state.shared) {
+    return "A nyomtató meghajtója is használhatja a portot. Egy közben indított nyomtatás a "
+           "kilépésig "
+           "vár, és amikor a kernel átadja neki a portot, a gép lefagyhat.";
+  }
+  return {};
+}
+
+}  // namespace
+
+std::string portCause(const PortState& state) {
   switch (state.kind) {
     case Kind::NoDriver:
       return "a nyomtatóport meghajtója nincs betöltve. Töltse be!";
     case Kind::NoNode:
       return "a ppdev meghajtó nincs betöltve. Töltse be!";
+    case Kind::Hidden:
+      return theOne(state) + " innen nem látszik. Adja át a konténernek!";
     case Kind::NoneLeft:
       return "ehhez a címhez nincs port. Válasszon másikat a „Teszt” fülön!";
     case Kind::NoPermission:
-      return theOne(state) + " használatára nincs jog. Lépjen be az lp csoportba!";
+      return theOne(state) + " használatára nincs jog. Lépjen be a(z) " + state.group +
+             " csoportba!";
     case Kind::NotYetMember:
-      return "az lp csoport joga a következő belépéstől él. Jelentkezzen ki, majd be!";
+      return "a(z) " + state.group +
+             " csoport joga a következő belépéstől él. Jelentkezzen ki, majd be!";
     case Kind::NoRegisters:
       return "a rendszer nem engedi a közvetlen regisztereket. Használja a meghajtót!";
     case Kind::Busy:
@@ -68,37 +112,16 @@ std::string cause(const PortState& state) {
   }
 }
 
-std::string command(const PortState& state) {
-  switch (state.kind) {
-    case Kind::NoDriver:
-    case Kind::NoRegisters:
-    case Kind::Lost:
-      return "sudo modprobe -a parport_pc ppdev";
-    case Kind::NoNode:
-      return "sudo modprobe ppdev";
-    case Kind::NoPermission:
-      return "sudo usermod -aG lp $USER";
-    case Kind::Printing:
-      return "sudo systemctl stop cups; sudo modprobe -r lp";
-    case Kind::Busy:
-      return state.holderIsDriver ? "sudo modprobe -r " + state.holder : std::string{};
-    default:
-      return state.inUse() && state.shared ? "sudo modprobe -r lp" : std::string{};
-  }
-}
-
-}  // namespace
-
 std::string portText(const PortState& state, std::string_view entry) {
   if (state.kind == Kind::Simulated) {
     return "Szimulált port: a jelek egy virtuális vezérlőhöz mennek, a gép nem mozdul.";
   }
   if (state.inUse() || state.kind == Kind::Untried) return usedPort(state, entry);
-  return "Semmi sem megy ki: " + cause(state);
+  return "Semmi sem megy ki: " + portCause(state);
 }
 
 platform::Remedy portRemedy(const PortState& state, std::string_view entry) {
-  return {portText(state, entry), command(state), !state.inUse()};
+  return {portText(state, entry), advice(state), command(state), !state.inUse()};
 }
 
 std::string addressText(std::int32_t address) {

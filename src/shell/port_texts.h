@@ -13,7 +13,10 @@ namespace monitra::shell {
 /// nothing goes out and what to do.
 std::string portText(const platform::PortState& state, std::string_view entry);
 
-/// The same with the command that mends it, where there is one.
+/// The second half of that alone: why a port can't be used, and what to do. With a small letter.
+std::string portCause(const platform::PortState& state);
+
+/// What the status line says, with more advice and the command that mends it where there is one.
 platform::Remedy portRemedy(const platform::PortState& state, std::string_view entry);
 
 /// An address as "0x378".

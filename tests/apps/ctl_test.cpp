@@ -140,7 +140,7 @@ TEST_F(Ctl, UploadAsksAndReportsWhatTheControllerReceived) {
   expect(sent, "480 írás");
   expect(sent, "(PCB V4.x) 20 bájtot kapott:\n" + listed(setupBytes));
   expect(sent, "Y tengely: T1=245, TF=92, T2=25, T3=35, fél lépés");
-  for (const std::string answer : {"n\n", "nem\n", ""}) {
+  for (const std::string answer : {"n\n", "nem\n", "inkább ne\n", "\n", ""}) {
     const std::string refused =
         run({"upload", file, "--port", "sim"}, answer.empty() ? 2 : 0, answer);
     expect(refused, "Nem ment ki semmi.");

@@ -364,7 +364,7 @@ TEST(QtRemedyBox, ShowsTheTextGivesTheCommandAwayAndTellsWhetherToTryAgain) {
       ASSERT_NE(pressed, nullptr);
       pressed->click();
     });
-    EXPECT_EQ(box.show({"Nincs port.", given.command, given.canRetry}), given.again);
+    EXPECT_EQ(box.show({"Nincs port.", "Vigyázat!", given.command, given.canRetry}), given.again);
   }
 }
 

@@ -72,12 +72,22 @@ TEST_F(KernelFolders, TellWhoHasAPortAndWhyItCannotBeOpened) {
   EXPECT_EQ(look().kind, Kind::Busy);
   EXPECT_EQ(look().holder, "test_ports (" + std::to_string(::getpid()) + ")");
   EXPECT_EQ(driver.open({0, 0x378}, {}).state, look());
+  other = LockedFile();
+  EXPECT_EQ(look().kind, Kind::Printing);
+  make("run/lock/monitra-378", "");
+  LockedFile byRegisters = lockFile(scratch.path("run/lock/monitra-378"));
+  ASSERT_TRUE(byRegisters.lock());
+  EXPECT_EQ(look().kind, Kind::Busy) << "by whichever way another program uses it";
+  EXPECT_EQ(look().holder, "test_ports (" + std::to_string(::getpid()) + ")");
 }
 
 TEST_F(KernelFolders, TellsWhatIsNotThere) {
   EXPECT_EQ(look().kind, Kind::NoNode);
   make("sys/class/ppdev/parport1", "");
-  EXPECT_EQ(look().kind, Kind::NoPort);
+  EXPECT_EQ(look().kind, Kind::NoDriver);
+  makePort(0, "888");
+  fs::remove(node());
+  EXPECT_EQ(look().kind, Kind::Hidden);
   makePort(0, "888");
   const Opening opening = driver.open({0, 0x378}, 0x06);
   EXPECT_EQ(opening.port, nullptr);

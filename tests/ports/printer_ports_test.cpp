@@ -56,7 +56,7 @@ class FakeDriver : public PortDriver {
       : journal_(journal), name_(std::move(name)) {}
 
   std::vector<FoundPort> find() override { return found; }
-  PortState none() override { return {.kind = ifNone}; }
+  PortState none() const override { return {.kind = ifNone}; }
   PortState look(const FoundPort& port) override {
     journal_.push_back(name_ + "look " + std::to_string(port.number));
     return stateOf(port, Kind::Untried);
@@ -225,6 +225,41 @@ TEST_F(PortsOfAPc, ALostPortIsFoundOutAndFoundAgain) {
   EXPECT_EQ(ports.vanished(), 3);
 }
 
+TEST_F(PortsOfAPc, ALostPortIsNeverReplacedByAnother) {
+  kernel.found = {{0, 0xC000}, {1, 0xD010}};
+  write(0x378, 1);
+  told();
+  kernel.found = {{1, 0xD010}};
+  now += std::chrono::hours(1);
+  write(0x378, 2);
+  ports.tryAgain(0x378);
+  EXPECT_EQ(kind(), Kind::Lost);
+  EXPECT_EQ(told(), (Journal{"close 0", "changed"})) << "another machine hangs there";
+  kernel.found = {{1, 0xD010}, {2, 0xC000}};
+  write(0x278, 3);
+  now += std::chrono::hours(1);
+  write(0x378, 4);
+  EXPECT_EQ(told(), (Journal{"open 1", "changed", "1D=3", "open 2", "changed", "2D=4"}));
+}
+
+TEST_F(PortsOfAPc, NoMessageEndsOnAPortThatItDidNotBeginOn) {
+  kernel.found.clear();
+  write(0x378, 0x20);
+  EXPECT_EQ(told(), (Journal{"changed"})) << "also where it is the state that nobody has asked for";
+  ports.markMessage(true);
+  write(0x378, 0x20);
+  kernel.found = {{0, 0x378}};
+  now += std::chrono::hours(1);
+  write(0x378, 0xA0);
+  EXPECT_EQ(told(), Journal{});
+  ports.markMessage(false);
+  write(0x378, 0x20);
+  EXPECT_EQ(told(), Journal{}) << "nor without a pause";
+  ports.markMessage(true);
+  write(0x378, 0x21);
+  EXPECT_EQ(told(), (Journal{"open 0", "changed", "0D=21"}));
+}
+
 TEST_F(PortsOfAPc, RegistersComeWhereTheDriverHasNoPortButNotPastWhoUsesIt) {
   raw.found = {{0, 0x378}, {1, 0x278}};
   const std::pair<Kind, Kind> cases[] = {{Kind::NoNode, Kind::Kernel},
@@ -279,11 +314,6 @@ TEST_F(PortsOfAPc, TheLastControlValueIsKeptForTheNextRun) {
   kernel.found = {{0, 0x278}};
   next.tryAgain(0x278);
   EXPECT_EQ(told(), (Journal{"open 0"})) << "of this port and no other";
-  next.DlPortWritePortUchar(0x27A, 0x0E);
-  kernel.found = {{1, 0xC000}};
-  next.tryAgain(0x278);
-  next.DlPortWritePortUchar(0x27A, 0x0E);
-  EXPECT_EQ(memory.last(0xC000), 0x0E) << "the same value on another port";
 }
 
 TEST_F(PortsOfAPc, OtherAddressesAreNobodys) {

@@ -152,6 +152,10 @@ TEST_F(Shell, AnUploadTellsItsTimeAndItsLongestPauseAndWhereNothingWentOut) {
                                              figures[1] +
                                              " ms volt. A vonal egyirányú, nyugta nem jön.");
   }
+  EXPECT_EQ(ports.messages, 2) << "each of them as a whole";
+  EXPECT_FALSE(ports.inMessage);
+  lap.endWithoutQuestion();
+  EXPECT_EQ(ports.messages, 5);
   registers.writesThatReach = 479;
   lap.setup.Letolt.click();
   EXPECT_EQ(lap.Esemeny.Caption.get(),
@@ -196,17 +200,21 @@ TEST_F(Shell, ThePortsLineTellsEveryStateAndItsRemedy) {
        "ezen a gépen nincs nyomtatóport. Próbához a Monitra Szimulátor való.",
        ""},
       {Kind::NoneLeft, {}, "ehhez a címhez nincs port. Válasszon másikat a „Teszt” fülön!", ""},
-      {Kind::NoPermission, own,
-       "a /dev/parport0 használatára nincs jog. Lépjen be az lp csoportba!",
+      {Kind::NoPermission,
+       {.address = 0x378, .node = "/dev/parport0", .group = "lp"},
+       "a /dev/parport0 használatára nincs jog. Lépjen be a(z) lp csoportba!",
        "sudo usermod -aG lp $USER"},
-      {Kind::NotYetMember, own,
-       "az lp csoport joga a következő belépéstől él. Jelentkezzen ki, majd be!", ""},
+      {Kind::NotYetMember,
+       {.address = 0x378, .node = "/dev/parport0", .group = "lp"},
+       "a(z) lp csoport joga a következő belépéstől él. Jelentkezzen ki, majd be!",
+       ""},
+      {Kind::Hidden, own, "a /dev/parport0 innen nem látszik. Adja át a konténernek!", ""},
       {Kind::NoRegisters,
        {},
        "a rendszer nem engedi a közvetlen regisztereket. Használja a meghajtót!",
        "sudo modprobe -a parport_pc ppdev"},
       {Kind::Printing, own, "a /dev/parport0 épp nyomtat. Várja meg, vagy állítsa le!",
-       "sudo systemctl stop cups; sudo modprobe -r lp"},
+       "sudo systemctl stop cups cups.socket cups.path; sudo modprobe -r lp"},
       {Kind::Lost, own, "a /dev/parport0 használat közben eltűnt. Töltse be a meghajtót!",
        "sudo modprobe -a parport_pc ppdev"},
       {Kind::Failed,
@@ -216,11 +224,11 @@ TEST_F(Shell, ThePortsLineTellsEveryStateAndItsRemedy) {
       {Kind::Busy, own, "a /dev/parport0 foglalt, használja: más program. Zárja be!", ""},
       {Kind::Busy,
        {.address = 0x378, .holder = "Monitra Setup (12)"},
-       "a 0x378 című foglalt, használja: Monitra Setup (12). Zárja be!",
+       "a 0x378 című port foglalt, használja: Monitra Setup (12). Zárja be!",
        ""},
       {Kind::Busy,
-       {.address = 0x378, .node = "/dev/parport0", .holder = "imm", .holderIsDriver = true},
-       "a /dev/parport0 foglalt, a(z) imm meghajtó használja. Vegye ki!",
+       {.address = 0x378, .node = "/dev/parport0", .holder = "imm0", .holderIsDriver = true},
+       "a /dev/parport0 foglalt, a(z) imm0 meghajtó használja. Vegye ki!",
        "sudo modprobe -r imm"},
       {Kind::Kernel,
        {.address = 0x378, .node = "/dev/parport0", .shared = true},
@@ -235,6 +243,9 @@ TEST_F(Shell, ThePortsLineTellsEveryStateAndItsRemedy) {
     EXPECT_EQ(remedy.text, (good ? "" : "Semmi sem megy ki: ") + std::string(given.text));
     EXPECT_EQ(remedy.command, given.command) << given.text;
     EXPECT_EQ(remedy.canRetry, !state.inUse()) << given.text;
+    const bool loads = remedy.command.find("parport_pc") != std::string::npos;
+    EXPECT_EQ(remedy.advice.find("Előbb vegye le a tápot a vezérlőről") == 0, loads) << given.text;
+    EXPECT_EQ(remedy.advice.find("lefagyhat") != std::string::npos, state.shared) << given.text;
   }
 }
 

@@ -99,10 +99,16 @@ class JournalStates : public platform::PortStates {
     journal_.push_back("open " + hex(entry));
     now = afterRetry;
   }
+  void markMessage(bool begins) override {
+    if (begins) ++messages;
+    inMessage = begins;
+  }
   long vanished() const override { return port_.vanished; }
 
   platform::PortState now{.kind = platform::PortState::Kind::Kernel, .node = "/dev/parport0"};
   platform::PortState afterRetry = now;
+  int messages = 0;
+  bool inMessage = false;
 
  private:
   Journal& journal_;

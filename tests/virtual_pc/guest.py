@@ -106,21 +106,22 @@ def build_memory(folder, programs, setup, kernel, window=None):
     return archive
 
 
-def start(folder, kernel, memory, script, base, port, entry="378"):
-    """Runs a script in the virtual PC until it ends; with a port at that address, or with none.
-    Returns the serial line's text and the trace, as text each."""
+def start(folder, kernel, memory, script, bases, entry="378"):
+    """Runs a script in the virtual PC until it ends, with ports at these addresses; it finds the
+    first one's on the kernel's command line. Returns the serial line's text and the trace, as text each."""
+    base = bases[0] if bases else 0x378
     out, trace = folder / f"{script}-{base:x}.txt", folder / f"{script}-{base:x}.trace"
     for file in (out, trace):
         file.unlink(missing_ok=True)
-    device = []
-    if port:
-        device = ["-chardev", "null,id=nothing",
-                  "-device", f"isa-parallel,chardev=nothing,iobase={base:#x},irq=7"]
+    devices = []
+    for number, address in enumerate(bases):
+        devices += ["-chardev", f"null,id=nothing{number}", "-device",
+                    f"isa-parallel,chardev=nothing{number},iobase={address:#x},irq={7 - 2 * number}"]
     line = f"quiet loglevel=1 panic=-1 mitigations=off script={script} base={base:#x} entry={entry}"
     ended = subprocess.run(
         ["qemu-system-x86_64", "-M", "pc", "-accel", "tcg", "-m", "512", "-nodefaults",
          "-no-user-config", "-display", "none", "-no-reboot", "-kernel", kernel, "-initrd", memory,
-         "-append", line, "-serial", f"file:{out}", *device,
+         "-append", line, "-serial", f"file:{out}", *devices,
          "-device", "isa-debug-exit,iobase=0x501,iosize=1", "-msg", "timestamp=on",
          "-D", trace, "-trace", "parallel_ioport_*"],
         timeout=120, env={**os.environ, "LANG": "C"}, check=False)

@@ -69,6 +69,15 @@ TEST_F(RealPort, IsFoundWhenItAppearsAndLostWhenItGoesAndFoundAgain) {
   EXPECT_EQ(read(), 0x66);
 }
 
+TEST_F(RealPort, IsNeverReplacedByAnother) {
+  write(0x11);
+  script("/guest/remove-port");
+  pause();
+  write(0x22);
+  EXPECT_EQ(kind(), Kind::Lost);
+  EXPECT_EQ(port.vanished(), 1);
+}
+
 TEST_F(RealPort, TwoInOneProgramDoNotShareAPort) {
   write(0);
   EXPECT_EQ(kind(), Kind::Kernel);

@@ -36,13 +36,15 @@ void printReceived(const ports::VirtualController& controller, const ports::Rece
 }  // namespace
 
 Bench::Bench(const PortOptions& options)
-    : simulated_(options.port == "sim" ? std::make_unique<ports::SimulatedPort>() : nullptr),
+    : options_(options),
+      simulated_(options.port == "sim" ? std::make_unique<ports::SimulatedPort>() : nullptr),
       real_(simulated_ ? nullptr : std::make_unique<ports::RealPorts>(waysOf(options.port))),
       recorder_(registers(), pacer_),
       connection_(recorder_),
       terminal_(options.yes),
       session_({lptIndex(options.lpt), options.pcb}, connection_, states(), recorder_,
                [this](const std::string& text, int style) { return answer(text, style); }) {
+  isUnset_ = !session_.hasPreferences() && (options.lpt.empty() || options.pcb.empty());
   if (!simulated_) return;
   simulated_->received = [](std::int32_t, const ports::VirtualController& controller,
                             const ports::Received& message) { printReceived(controller, message); };
@@ -60,6 +62,11 @@ ExitCode Bench::tellPort() {
     std::cout << "Szimulált port: ";
   } else {
     std::cout << shell::portText(present, lap().port.LPT.text()) << '\n';
+    if (isUnset_) {
+      std::cerr << "Ennél a felhasználónál a program még nem futott, a port és a panel "
+                   "alapértéken áll. Adja meg: --lpt, --pcb!\n";
+      if (options_.yes) return usageError;
+    }
   }
   std::cout << lap().port.LPT.text() << ", " << lap().port.PCBV.Caption.get()
             << " (adat: " << names[pins.SorosAdatBit] << ", órajel: " << names[pins.SorosOrajelBit]
@@ -72,11 +79,12 @@ ExitCode Bench::askAndDo(const std::string& question, const std::function<void()
   namespace box_style = platform::box_style;
   if (answer(question, box_style::question | box_style::yesNo) == BoxAnswer::Yes) {
     what();
-    std::cout << "Kiküldve.\n";
   } else {
     std::cout << "Nem ment ki semmi.\n";
   }
-  return closing();
+  const ExitCode ended = closing();
+  if (ended == done && !events().empty()) std::cout << "Kiküldve.\n";
+  return ended;
 }
 
 ExitCode Bench::closing() {
@@ -116,6 +124,7 @@ BoxAnswer Bench::answer(const std::string& text, int style) {
 /// Opens the port and puts the serial line to idle, as the tab "PC-Link" does.
 bool Bench::connect() {
   constexpr int pcLink = 2;
+  heldSignals_.emplace();
   connection_.connect();
   lap().SSTab1.Tab = pcLink;
   firstSent_ = events().size();
@@ -125,6 +134,7 @@ bool Bench::connect() {
 void Bench::tellUnusable() {
   const platform::Remedy remedy = shell::portRemedy(state(), lap().port.LPT.text());
   std::cerr << remedy.text << '\n';
+  if (!remedy.advice.empty()) std::cerr << remedy.advice << '\n';
   if (!remedy.command.empty()) std::cerr << "  " << remedy.command << '\n';
 }
 

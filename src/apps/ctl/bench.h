@@ -8,6 +8,7 @@
 #include "apps/ctl/commands.h"
 #include "apps/ctl/session.h"
 #include "apps/ctl/terminal.h"
+#include "host/held_signals.h"
 #include "host/pacer.h"
 #include "ports/real_ports.h"
 #include "ports/recorder.h"
@@ -46,7 +47,8 @@ class Bench {
   explicit Bench(const PortOptions& options);
 
   /// Prints which port it will be and the pins of the serial line; or, to standard error, why there
-  /// is none and what to do.
+  /// is none and what to do. Without questions a port and a board that nobody has chosen are a
+  /// usage error: another board's pins move motors.
   ExitCode tellPort();
 
   /// Asks, and on Yes connects and does it; tells how that ended.
@@ -71,6 +73,8 @@ class Bench {
   bool connect();
   void tellUnusable();
 
+  PortOptions options_;
+  std::optional<host::HeldSignals> heldSignals_;  ///< from the connecting on
   std::unique_ptr<ports::SimulatedPort> simulated_;
   std::unique_ptr<ports::RealPorts> real_;
   host::Pacer pacer_;
@@ -78,6 +82,7 @@ class Bench {
   Connection connection_;
   Terminal terminal_;
   bool refused_ = false;
+  bool isUnset_ = false;  ///< port or board come from nobody
   std::size_t firstSent_ = 0;
   Session session_;
 };

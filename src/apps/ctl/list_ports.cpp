@@ -62,12 +62,13 @@ void print(const std::vector<ListedPort>& list, const Remedy& none) {
               << std::setw(otherWidth) << shell::addressText(port.state.address)
               << std::setw(otherWidth) << (port.entry.empty() ? "-" : port.entry);
     const Remedy remedy = shell::portRemedy(port.state, port.entry);
-    std::cout << (port.usable() ? "használható" : remedy.text)
+    std::cout << (port.usable() ? "használható" : shell::portCause(port.state))
               << (port.state.shared ? ", közben ne nyomtasson" : "") << '\n';
     if (!remedy.command.empty()) std::cout << "  " << remedy.command << '\n';
   }
   if (!list.empty()) return;
   std::cout << none.text << '\n';
+  if (!none.advice.empty()) std::cout << none.advice << '\n';
   if (!none.command.empty()) std::cout << "  " << none.command << '\n';
 }
 

@@ -64,6 +64,10 @@ Session::Session(const Overrides& overrides, platform::PortRegisters& registers,
     std::cerr << shell::damagedPreferencesText() << '\n';
 }
 
+bool Session::hasPreferences() {
+  return !preferences_.GetSetting(program_.EXEName, "Setup", "LPT", "").empty();
+}
+
 ExitCode Session::openSetup(const std::string& path) {
   const platform::GivenName name(dialog_, fullPath(path));
   const store::OpenResult result = lap.setupFiles().MFSetNyit_Click();

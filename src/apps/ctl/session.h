@@ -79,6 +79,9 @@ class Session {
   Session(const Overrides& overrides, platform::PortRegisters& registers,
           platform::PortStates& ports, platform::Sleeper& sleeper, CtlBoxes::Answer answer);
 
+  /// Whether the program that it accompanies has ever stored its port and board for this user.
+  bool hasPreferences();
+
   /// Opens a Setup file; what no box tells goes to standard error.
   ExitCode openSetup(const std::string& path);
 

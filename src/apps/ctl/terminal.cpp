@@ -1,5 +1,7 @@
 #include "apps/ctl/terminal.h"
 
+#include <algorithm>
+#include <array>
 #include <iostream>
 #include <string_view>
 
@@ -18,7 +20,7 @@ BoxAnswer Terminal::show(const std::string& text, int style) {
 }
 
 BoxAnswer Terminal::ask(const std::string& text) {
-  std::cout << '\n' << boxLines(text) << " [I/n] " << std::flush;
+  std::cout << '\n' << boxLines(text) << " [i/N] " << std::flush;
   std::string answer = "igen (--yes)";
   if (yes_) {
     std::cout << answer << '\n';
@@ -27,9 +29,8 @@ BoxAnswer Terminal::ask(const std::string& text) {
     unanswered_ = true;
     return BoxAnswer::No;
   }
-  constexpr std::string_view yesLetters = "iIyY";
-  const bool agreed = answer.empty() || yesLetters.find(answer.front()) != std::string_view::npos;
-  return agreed ? BoxAnswer::Yes : BoxAnswer::No;
+  constexpr std::array<std::string_view, 6> agreements{"i", "I", "igen", "Igen", "IGEN", "y"};
+  return yes_ || std::ranges::count(agreements, answer) > 0 ? BoxAnswer::Yes : BoxAnswer::No;
 }
 
 }  // namespace monitra::ctl

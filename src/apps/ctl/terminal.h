@@ -13,7 +13,7 @@ class Terminal {
   explicit Terminal(bool yes) : yes_(yes) {}
 
   /// Prints the box, a bad message to standard error, and takes the answer to a question from
-  /// standard input; its end counts as No.
+  /// standard input; all but a plain Yes is a No, its end as well.
   platform::BoxAnswer show(const std::string& text, int style);
 
   bool unanswered() const { return unanswered_; }
