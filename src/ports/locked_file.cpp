@@ -4,6 +4,7 @@
 #include <chrono>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
 #include <utility>
@@ -49,6 +50,7 @@ LockedFile lockFile(const std::filesystem::path& path) {
   int descriptor = ::open(path.c_str(), common);
   if (descriptor < 0) {
     descriptor = ::open(path.c_str(), common | O_CREAT | O_EXCL, readableByAll);
+    if (descriptor >= 0) ::fchmod(descriptor, readableByAll);
     if (descriptor < 0 && errno == EEXIST) descriptor = ::open(path.c_str(), common);
   }
   return {descriptor, descriptor < 0 ? errno : 0};
