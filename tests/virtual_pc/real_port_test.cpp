@@ -89,6 +89,8 @@ TEST_F(RealPort, TwoInOneProgramDoNotShareAPort) {
 
 TEST_F(RealPort, LeavesTheSpindleOn) {
   port.DlPortWritePortUchar(entry() + 2, 0x06);
+  EXPECT_EQ(kind(), Kind::Kernel);
+  EXPECT_EQ(port.DlPortReadPortUchar(entry() + 2), 0x06);
 }
 
 TEST_F(RealPort, IsBesideAnIdlePrinterDriver) {
