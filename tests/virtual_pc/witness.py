@@ -3,7 +3,6 @@ and read by rules of its own."""
 
 import pathlib
 import re
-import statistics
 import subprocess
 import tempfile
 from typing import NamedTuple
@@ -81,10 +80,6 @@ def phases(step):
     """How long each level of the line lasted, in milliseconds, from the first bit's data on."""
     times = [a.time for a in step.of(DATA, "w")][1:]
     return [(later - earlier) / 1000 for earlier, later in zip(times, times[1:])]
-
-
-def median(values):
-    return statistics.median(values)
 
 
 def decoded(step, pins):
