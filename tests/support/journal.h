@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <deque>
@@ -17,11 +18,10 @@
 #include "platform/remedy_box.h"
 #include "platform/settings_store.h"
 #include "platform/sleeper.h"
+#include "support/same.h"
 
 /// Fakes of the outside world that write what happens, in order, into one journal.
 namespace monitra::support {
-
-using Journal = std::vector<std::string>;
 
 inline std::string hex(int value) {
   char text[16];
@@ -176,23 +176,88 @@ class JournalSettings : public platform::SettingsStore {
   Journal& journal_;
 };
 
+inline constexpr std::size_t bitEntries = 7;
+
+/// The entries of one bit on the serial line, from these levels of the data register on,
+/// which it moves on.
+inline Journal bitOnLine(const std::string& address, int& levels, bool high, int clockBit) {
+  constexpr int dataPin = 1 << 5;
+  const int clockPin = 1 << clockBit;
+  const int data = (levels & ~dataPin) | (high ? dataPin : 0);
+  levels = data & ~clockPin;
+  Journal entries{"r" + address};
+  for (const int phase : {data, data | clockPin, levels}) {
+    entries.push_back("w" + address + "=" + hex(phase));
+    entries.emplace_back("z1");
+  }
+  return entries;
+}
+
 /// The journal of bytes sent on the serial line from this state of the data register, least
 /// significant bit first; gives the state afterwards.
 inline std::uint8_t expectBytes(Journal& journal, const std::string& address, std::uint8_t state,
-                                int dataBit, int clockBit, const std::vector<int>& bytes) {
+                                int /*dataBit*/, int clockBit, const std::vector<int>& bytes) {
   int levels = state;
   for (const int byte : bytes) {
     for (int n = 0; n < 8; ++n) {
-      const int data = (levels & ~(1 << dataBit)) | (byte >> n & 1) << dataBit;
-      levels = data & ~(1 << clockBit);
-      journal.push_back("r" + address);
-      for (const int phase : {data, data | 1 << clockBit, levels}) {
-        journal.push_back("w" + address + "=" + hex(phase));
-        journal.emplace_back("z1");
+      for (const auto& entry : bitOnLine(address, levels, (byte >> n & 1) != 0, clockBit)) {
+        journal.push_back(entry);
       }
     }
   }
   return static_cast<std::uint8_t>(levels);
+}
+
+/// The byte that begins at this entry, if one does, from these levels on, which it moves on.
+inline std::optional<int> byteOnLine(const Journal& raw, std::size_t at, int& levels,
+                                     int clockBit) {
+  int byte = 0, present = levels;
+  if (raw.size() - at < 8 * bitEntries) return {};
+  for (int bit = 0; bit < 8; ++bit) {
+    bool found = false;
+    for (const bool high : {false, true}) {
+      int next = present;
+      const Journal entries = bitOnLine(raw[at].substr(1), next, high, clockBit);
+      const auto from = raw.begin() + static_cast<std::ptrdiff_t>(at);
+      if (found || !std::equal(entries.begin(), entries.end(), from)) continue;
+      at += entries.size();
+      byte |= static_cast<int>(high) << bit;
+      present = next;
+      found = true;
+    }
+    if (!found) return {};
+  }
+  levels = present;
+  return byte;
+}
+
+/// The journal with the bytes on the serial line as decimal numbers, "99 0 16", in the place of
+/// their register accesses. A byte is only what is one exactly, from the levels last written
+/// (0 ahead of the first write): each bit a read, the data pin set, the clock pin up and down, a
+/// wait of 1 ms behind each write, no other pin moved. All else stays as it stands.
+inline Journal decoded(const Journal& raw, int clockBit = 7) {
+  Journal text;
+  std::map<std::string, int> levels;
+  bool goesOn = false;
+  for (std::size_t at = 0; at < raw.size();) {
+    const std::string& entry = raw[at];
+    std::optional<int> byte;
+    if (entry.starts_with('r')) byte = byteOnLine(raw, at, levels[entry.substr(1)], clockBit);
+    if (byte) {
+      if (!goesOn) text.emplace_back();
+      text.back() += (goesOn ? " " : "") + std::to_string(*byte);
+      at += 8 * bitEntries;
+    } else {
+      const std::size_t sign = entry.find('=');
+      if (entry.starts_with('w')) {
+        levels[entry.substr(1, sign - 1)] = std::stoi(entry.substr(sign + 1), nullptr, 16);
+      }
+      text.push_back(entry);
+      ++at;
+    }
+    goesOn = byte.has_value();
+  }
+  return text;
 }
 
 }  // namespace monitra::support
