@@ -12,6 +12,10 @@ test_packages="libgtest-dev sigrok-cli srecord xvfb openbox xdotool dbus-daemon 
 virtual_pc_packages="qemu-system-x86 busybox-static cpio binutils"
 # To check the form of the sources.
 check_packages="clang-format clang-tidy"
+# To tell which lines of the sources the tests run.
+coverage_packages="gcovr"
+# To make a root of a release that has none of the above.
+fresh_debian_packages="debootstrap"
 
 # missing_packages PACKAGE...: prints those that are not installed, a blank ahead of each.
 missing_packages() {

@@ -20,6 +20,8 @@ namespace monitra::desktop {
 /// While it is held the display is asked for a sign of life: a display that hangs delivers no
 /// release, so the thread waits for it, and with the thread the pulses.
 class JogButton : public QWidget {
+  Q_OBJECT
+
  public:
   /// For so long one press of the space bar, or one repetition, holds it at most.
   static constexpr int keyMilliseconds = 150;

@@ -3,7 +3,7 @@
 checks what the virtual controller saw: whole_session.py SIMULATOR EXAMPLES
 
 The widgets are found through AT-SPI by the names that a screen reader gets; the mouse and the
-keyboard are real ones of the server. To be run inside dbus-run-session."""
+keyboard are real ones of the server. Display, buses and the user's folders are its own."""
 
 import os
 import pathlib
@@ -76,10 +76,10 @@ class Program:
                 yield child
                 yield from self.all(child)
 
-    def find(self, name, role=None):
+    def find(self, name, *roles):
         def look():
             for widget in self.all():
-                if widget.name == name and (role is None or widget.getRoleName() == role):
+                if widget.name == name and (not roles or widget.getRoleName() in roles):
                     states = widget.getState()
                     if states.contains(self.atspi.STATE_SHOWING):
                         return widget
@@ -89,12 +89,12 @@ class Program:
         """What a label shows that is called by its name and its value."""
         return next(w.name for w in self.all() if w.name.startswith(name + ": "))[len(name) + 2:]
 
-    def place(self, name, role=None, down=0.5):
-        box = self.find(name, role).queryComponent().getExtents(self.atspi.DESKTOP_COORDS)
+    def place(self, name, *roles, down=0.5):
+        box = self.find(name, *roles).queryComponent().getExtents(self.atspi.DESKTOP_COORDS)
         return box.x + box.width // 2, box.y + int(box.height * down)
 
-    def click(self, name, role=None, down=0.5):
-        xdotool("mousemove", *self.place(name, role, down), "click", 1)
+    def click(self, name, *roles, down=0.5):
+        xdotool("mousemove", *self.place(name, *roles, down=down), "click", 1)
 
     def press(self, name):
         """By the way of a screen reader, not by the mouse."""
@@ -122,7 +122,7 @@ def answer_file_dialog(program, path):
 
 def answer_box(program, beginning, button):
     wait_for(beginning, lambda: any(w.name.startswith(beginning) for w in program.all()))
-    program.click(button, "push button")
+    program.click(button, "push button", "button")  # the role's name in older and newer libraries
 
 
 def read_and_edit(program, folder):
@@ -159,9 +159,12 @@ def test_phases(program):
 
 
 def jog(program):
-    def position(axis):
-        steps = [re.search(axis + r" ([+-]?\d+),", line) for line in program.heard()[-1:]]
-        return int(steps[0].group(1)) if steps and steps[0] else 0
+    def positions():
+        """Of X, Y and Z, each time that the machine came to rest."""
+        number = r" ([+-]?\d+)[^,]*, "
+        found = [re.search("X" + number + "Y" + number + "Z" + number, line)
+                 for line in program.heard()]
+        return [tuple(map(int, position.groups())) for position in found if position]
 
     xdotool("key", "alt+t", "alt+s", "ctrl+a")
     xdotool("type", "500")
@@ -169,14 +172,15 @@ def jog(program):
     xdotool("mousemove", *program.place("X tengely, fel nyíl"), "mousedown", 1)
     time.sleep(0.3)
     xdotool("mouseup", 1)
-    moved = wait_for("steps of X", lambda: position("X"))
+    wait_for("steps of X", lambda: any(x for x, _, _ in positions()))
     xdotool("key", "Tab", "Tab", "Tab")
     xdotool("keydown", "space")
     time.sleep(1.2)  # the keyboard's repetition takes over
     xdotool("keyup", "space")
-    wait_for("steps of Y", lambda: position("Y"))
-    assert position("X") == moved and position("Z") == 0
+    wait_for("steps of Y", lambda: any(y for _, y, _ in positions()))
     program.click("Impulzus engedély")
+    assert len({(x, z) for x, y, z in positions() if y}) == 1, "X or Z moved on with Y"
+    assert positions()[-1][0] > 0 and positions()[-1][2] == 0, positions()[-1]
 
 
 def save_and_quit(program, folder):
@@ -194,11 +198,9 @@ def save_and_quit(program, folder):
     assert '"Seb": "500"' in (folder / "monitra" / "monitra-szimulator.json").read_text()
 
 
-def main():
-    simulator, examples = sys.argv[1], pathlib.Path(sys.argv[2])
-    with tempfile.TemporaryDirectory() as name, Desktop():
-        folder = pathlib.Path(name)
-        shutil.copy(examples / "gyors-xy.pwm", folder / "gep.pwm")
+def drive(simulator, examples, folder):
+    shutil.copy(examples / "gyors-xy.pwm", folder / "gep.pwm")
+    with Desktop():
         program = Program(simulator, folder)
         try:
             read_and_edit(program, folder)
@@ -211,6 +213,17 @@ def main():
             raise
         finally:
             program.process.kill()
+
+
+def main():
+    arguments = [pathlib.Path(argument).resolve() for argument in sys.argv[1:]]
+    if len(arguments) == 3:
+        drive(*arguments)
+        return
+    # The accessibility bus lies in the runtime folder, for all of a user's programs.
+    with tempfile.TemporaryDirectory() as home, tempfile.TemporaryDirectory() as runtime:
+        session = ["dbus-run-session", "--", sys.executable, __file__, *arguments, home]
+        sys.exit(subprocess.run(session, env=dict(os.environ, XDG_RUNTIME_DIR=runtime)).returncode)
 
 
 main()

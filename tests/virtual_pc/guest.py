@@ -1,6 +1,7 @@
 """Builds and starts the virtual PC: Debian's own kernel with its parallel-port driver, a handful of
 programs in its memory, and an emulator that writes down every access to the port's registers."""
 
+import lzma
 import os
 import pathlib
 import re
@@ -14,6 +15,14 @@ USERS = {"member": (1000, "lp"), "outsider": (1001, None)}
 
 def call(*command, **options):
     return subprocess.run(command, check=True, stdout=subprocess.PIPE, text=True, **options).stdout
+
+
+def copy_module(file, folder):
+    """Uncompressed, as the guest's insmod wants it."""
+    if file.suffix == ".xz":
+        (folder / file.stem).write_bytes(lzma.decompress(file.read_bytes()))
+    else:
+        shutil.copy(file, folder)
 
 
 def fetch_kernel(folder):
@@ -32,10 +41,10 @@ def fetch_kernel(folder):
         with subprocess.Popen(["dpkg", "--fsys-tarfile", *fetched.glob("*.deb")],
                               stdout=subprocess.PIPE) as archive:
             call("tar", "-x", "-C", fetched, "--wildcards", "./boot/vmlinuz-*",
-                 *(f"*/kernel/drivers/{module}" for module in MODULES), stdin=archive.stdout)
+                 *(f"*/kernel/drivers/{module}*" for module in MODULES), stdin=archive.stdout)
         kernel.mkdir(exist_ok=True)
         for module in MODULES:
-            shutil.copy(next(fetched.glob(f"**/kernel/drivers/{module}")), kernel)
+            copy_module(next(fetched.glob(f"**/kernel/drivers/{module}*")), kernel)
         shutil.copy(next(fetched.glob("boot/vmlinuz-*")), kernel / "vmlinuz")
         shutil.rmtree(fetched)
     return kernel / "vmlinuz"
