@@ -13,6 +13,10 @@ if(MONITRA_SANITIZE)
                                                    -fno-omit-frame-pointer)
   target_link_options(monitra_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(MONITRA_COVERAGE)
+  target_compile_options(monitra_options INTERFACE --coverage -fprofile-update=atomic)
+  target_link_options(monitra_options INTERFACE --coverage)
+endif()
 
 # monitra_room(<room> [USES <room or target>...] [SOURCES <file>...])
 # The target is monitra_<room>; without sources it is a library of headers only.
