@@ -1,24 +1,4 @@
-#include <QApplication>
-#include <QCheckBox>
-#include <QClipboard>
-#include <QComboBox>
-#include <QDragEnterEvent>
-#include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMenu>
-#include <QMessageBox>
-#include <QMimeData>
-#include <QPlainTextEdit>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QTest>
-#include <QTimer>
-#include <QToolButton>
-#include <QWheelEvent>
-#include <gtest/gtest.h>
+#include <csignal>
 
 #include "desktop/accessibility.h"
 #include "desktop/end_watch.h"
@@ -34,232 +14,186 @@
 namespace monitra::desktop {
 namespace {
 
-using support::Journal;
+using namespace support;
+using platform::Failure;
 
-struct Desktop : support::Window {
+struct Desktop : Window {
   std::string text(const char* label) { return find<QLabel>(label)->text().toStdString(); }
   std::string boxText(const char* field) { return find<QLineEdit>(field)->text().toStdString(); }
-  void pressArrow(const char* arrows, Qt::ArrowType type) {
-    for (QToolButton* const arrow : find<SpinArrows>(arrows)->findChildren<QToolButton*>()) {
-      if (arrow->arrowType() == type) QTest::mouseClick(arrow, Qt::LeftButton);
-    }
-  }
-  void replaceText(const char* field, const QString& pasted) {
-    QApplication::clipboard()->setText(pasted);
-    find<QLineEdit>(field)->selectAll();
-    find<QLineEdit>(field)->paste();
-  }
-  static void turnWheel(QWidget* widget, int notches) {
-    const QPointF at = widget->rect().center();
-    QWheelEvent event(at, widget->mapToGlobal(at), {}, {0, notches * 120}, Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
+  /// Whether a widget takes an event rather than passing it on.
+  static bool takes(QWidget* widget, QEvent&& event) {
     QApplication::sendEvent(widget, &event);
+    return event.isAccepted();
   }
+  static bool takes(QWidget* widget, int key, Qt::KeyboardModifiers modifiers = {}) {
+    return takes(widget, QKeyEvent(QEvent::KeyPress, key, modifiers));
+  }
+  static bool turnWheel(QWidget* widget, int eighths) {
+    const QPointF at = widget->rect().center();
+    return takes(widget,
+                 QWheelEvent(at, widget->mapToGlobal(at), {}, {0, eighths}, {}, {}, {}, false));
+  }
+  bool drop(QWidget* onto, const QList<QUrl>& urls, Qt::DropActions offered = Qt::CopyAction);
 };
 
 TEST_F(Desktop, ShowsOneWindowOfItsFixedSizeInTheMiddle) {
-  class ShownWindows : public QObject {
-   public:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-      if (event->type() == QEvent::Show && watched->isWidgetType() &&
-          static_cast<QWidget*>(watched)->isWindow()) {
-        ++count;
-      }
-      return false;
-    }
-    int count = 0;
-  } shown;
-  qApp->installEventFilter(&shown);
+  lap.SSTab1.Tab = 2;
   MainWindow another(lap);
   another.showCentred();
-  qApp->removeEventFilter(&shown);
-  EXPECT_EQ(shown.count, 1);
+  EXPECT_EQ(another.findChild<QTabWidget*>("SSTab1")->currentIndex(), 2);
   EXPECT_EQ(another.minimumSize(), another.maximumSize());
   const QPoint centre = another.frameGeometry().center();
   EXPECT_LE((centre - another.screen()->availableGeometry().center()).manhattanLength(), 4);
-  EXPECT_EQ(text("Label21"), "Tarso1 CNC Vezérlő Setup & Test");
-  EXPECT_EQ(find<QLabel>("Cim")->toolTip().toStdString(),
-            "Gerjesztési módja és PWM alap frekvenciája");
   lap.form.Caption = "a[*].pwm";
   EXPECT_EQ(window->windowTitle(), "a[*][*].pwm") << "shown with one";
+  lap.Esemeny.Caption = "<b>hosszú";
+  takes(widget("Esemeny"), QHelpEvent(QEvent::ToolTip, {}, {}));
+  EXPECT_EQ(widget("Esemeny")->toolTip(), Qt::convertFromPlainText("<b>hosszú"));
 }
 
 TEST_F(Desktop, ArrowsKeysAndWheelMoveATimingField) {
-  auto* const arrows = find<SpinArrows>("FolLe(6)");
-  turnWheel(arrows, 5);
-  EXPECT_EQ(boxText("T2(6)"), "24") << "the wheel needs the focus";
-  pressArrow("FolLe(6)", Qt::UpArrow);
-  EXPECT_EQ(boxText("T2(6)") + " " + text("Xttarto"), "25 631.313 Hz (47.9%)");
+  QWidget *const arrows = widget("FolLe(6)"), *const field = widget("T2(6)");
+  const auto arrow = [arrows](int n) {
+    const QPoint at(arrows->width() / 2, arrows->height() * (2 * n + 1) / 4);
+    auto* const found = qobject_cast<QToolButton*>(arrows->childAt(at));
+    EXPECT_EQ(found->arrowType(), n == 0 ? Qt::UpArrow : Qt::DownArrow);
+    return found;
+  };
+  EXPECT_FALSE(turnWheel(arrows, 600) || turnWheel(widget("Funkcio"), 600)) << "without the focus";
+  EXPECT_EQ(boxText("T2(6)") + std::to_string(lap.setup.Funkcio.ListIndex), "240");
+  const QImage unfocused = arrows->grab().toImage();
+  QTest::mouseClick(arrow(0), Qt::LeftButton);
+  EXPECT_EQ(boxText("T2(6)"), "25");
   EXPECT_TRUE(arrows->hasFocus());
-  pressArrow("FolLe(6)", Qt::DownArrow);
-  QTest::keyClick(arrows, Qt::Key_Down);
-  EXPECT_EQ(boxText("T2(6)"), "23");
-  turnWheel(arrows, 2);
-  turnWheel(arrows, -1);
-  EXPECT_EQ(boxText("T2(6)"), "24");
-  find<QLineEdit>("T2(6)")->setFocus();
-  turnWheel(arrows, 1);
-  QTest::keyClick(find<QLineEdit>("T2(6)"), Qt::Key_Down);
-  turnWheel(find<QLineEdit>("T2(6)"), 1);
-  EXPECT_EQ(boxText("T2(6)"), "25") << "at the box as at its arrows";
-  QTest::keyClick(arrows, Qt::Key_Down);
-  QTest::keyClicks(find<QLineEdit>("T2(6)"), "99");
-  EXPECT_EQ(boxText("T2(6)"), "24") << "can't be typed into";
+  EXPECT_NE(arrows->grab().toImage(), unfocused);
+  for (int n = 0; n < 2; ++n) QTest::mouseClick(arrow(1), Qt::LeftButton);
+  for (QWidget* const at : {arrows, field}) {
+    SCOPED_TRACE(at->objectName().toStdString());
+    EXPECT_EQ(boxText("T2(6)"), "23");
+    at->setFocus();
+    EXPECT_TRUE(takes(at, Qt::Key_Up) && takes(at, Qt::Key_Up) && takes(at, Qt::Key_Down));
+    takes(at, Qt::Key_Up, Qt::ControlModifier);
+    EXPECT_EQ(boxText("T2(6)"), "24");
+    EXPECT_TRUE(turnWheel(at, 60) && turnWheel(at, 60));
+    EXPECT_EQ(boxText("T2(6)"), "25") << "a notch in two parts";
+    EXPECT_TRUE(turnWheel(at, 240) && turnWheel(at, -360) && turnWheel(at, -120));
+  }
+  EXPECT_FALSE(takes(arrows, Qt::Key_Up, Qt::ControlModifier) || takes(arrows, Qt::Key_Return));
+  QTest::mousePress(arrow(0), Qt::LeftButton);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return lap.setup.FolLe[6].Value >= 27; })) << "it repeats";
+  lap.setup.FolLe[6].Enabled = false;
+  EXPECT_FALSE(takes(arrows, Qt::Key_Up));
 }
 
-TEST_F(Desktop, TypedAndPastedTextIsClamped) {
-  find<QLineEdit>("Ut")->selectAll();
-  QTest::keyClicks(find<QLineEdit>("Ut"), "1500");
-  EXPECT_EQ(lap.setup.Utfolle.Value, 1500);
-  EXPECT_EQ(text("Uthossz"), "18.75");
-  replaceText("Ut", QStringLiteral("70000"));
-  pressArrow("Utfolle", Qt::DownArrow);
-  QTest::keyClick(find<QLineEdit>("Ut"), Qt::Key_Down);
-  EXPECT_EQ(boxText("Ut"), "65533");
-  find<QLineEdit>("Ut")->setText("2222");
-  find<QLineEdit>("TF(0)")->setText("7");
-  EXPECT_EQ(text("Uthossz") + " " + boxText("TF(0)"), "27.77 91") << "as a screen reader edits";
-  replaceText("Tures", QStringLiteral("-5"));
-  EXPECT_EQ(boxText("Tures"), "0");
+TEST_F(Desktop, ThePortIsLookedAfterAlsoWhileNobodyUsesIt) {
+  ports.now.kind = platform::PortState::Kind::Simulated;
+  const std::string before = text("PortAllapot");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return text("PortAllapot") != before; }));
 }
 
-TEST_F(Desktop, DiagramFollowsTheEditionAndItsHeadsStandAboveTheColumns) {
-  QWidget* const diagram = find<QLabel>("Label2")->parentWidget();
+TEST_F(Desktop, DiagramAndBarFollowAtOnce) {
+  QWidget* const diagram = widget("Label2")->parentWidget();
   const QImage second = diagram->grab().toImage();
+  const EventCount<QEvent::Paint> redrawn(diagram), moved(widget("Bar"));
+  lap.setup.Letolt.click();
+  EXPECT_EQ(moved.count, 9) << "at each eighth and when it is empty again, without an event loop";
   lap.setup.MBKVilor.click();
+  QApplication::processEvents();
+  EXPECT_GE(redrawn.count, 1);
   EXPECT_NE(diagram->grab().toImage(), second);
-  EXPECT_FALSE(find<QPushButton>("Letolt")->isEnabled());
-  lap.setup.MBKTarso.click();
-  EXPECT_EQ(diagram->grab().toImage(), second);
-  for (const auto& [head, field] :
-       {std::pair("Label2", "TF(0)"), std::pair("Label1", "T1(3)"), std::pair("Label3(0)", "T2(6)"),
-        std::pair("Label4(0)", "T3(9)")}) {
-    QLabel* const label = find<QLabel>(head);
-    QLineEdit* const shown = find<QLineEdit>(field);
-    const int left = shown->mapTo(window.get(), QPoint(0, 0)).x();
-    const int middle = label->mapTo(window.get(), label->rect().center()).x();
-    EXPECT_TRUE(left < middle && middle < left + shown->width()) << head;
+}
+
+TEST_F(Desktop, TheRowOfTabsStopsTheGeneratorHoweverTheTabIsChanged) {
+  auto* const tabs = find<QTabWidget>("SSTab1");
+  QTabBar* const row = tabs->tabBar();
+  const auto click = [row](int tab) {
+    QTest::mouseClick(row, Qt::LeftButton, {}, row->tabRect(tab).center());
+  };
+  const std::function<void()> ways[] = {
+      [&] { click(2); }, [&] { click(1); },
+      [&] { QTest::keyClick(tabs, Qt::Key_Tab, Qt::ControlModifier); }, [&] { row->setFocus(); },
+      [&] { tabs->setCurrentIndex(2); }};
+  for (const auto& change : ways) {
+    SCOPED_TRACE(&change - ways);
+    showTab(1);
+    lap.jog.Seb.type("1");
+    widget("Impulzus")->setFocus();
+    lap.jog.Impulzus.click();
+    change();
+    EXPECT_FALSE(lap.jog.Impulzus.Value || lap.jog.Timer1.Enabled);
+    EXPECT_TRUE(row->hasFocus());
+    const Journal opened{"r378", "w378=0"};
+    EXPECT_TRUE(same(journal, tabs->currentIndex() == 2 ? opened : Journal{}));
   }
 }
 
-TEST_F(Desktop, ButtonUploadsAndTheBarMovesWhileTheThreadIsBlocked) {
-  // The fakes run no event loop, so what is painted here is painted at once.
-  class PaintedValues : public QObject {
-   public:
-    bool eventFilter(QObject* bar, QEvent* event) override {
-      if (event->type() == QEvent::Paint)
-        values.push_back(static_cast<QProgressBar*>(bar)->value());
-      return false;
-    }
-    std::vector<int> values;
-  } painted;
-  auto* const bar = find<QProgressBar>("Bar");
-  bar->installEventFilter(&painted);
-  QTest::mouseClick(find<QPushButton>("Letolt"), Qt::LeftButton);
-  bar->removeEventFilter(&painted);
-  EXPECT_EQ(painted.values, (std::vector<int>{10, 25, 35, 50, 62, 75, 85, 100, 0}));
-  EXPECT_EQ(std::count(journal.begin(), journal.end(), "z1"), 480);
-  EXPECT_EQ(journal.back().substr(0, 7), "box 64:");
-}
-
-TEST_F(Desktop, ListsBoxesTabsAndMenusReachTheModel) {
-  QTest::keyClick(find<QComboBox>("Funkcio"), Qt::Key_End);
-  QTest::mouseClick(find<QCheckBox>("Zegesz"), Qt::LeftButton, {}, {8, 8});
-  EXPECT_EQ(lap.setup.spinValues().Funkcio, 5);
-  EXPECT_TRUE(lap.setup.Zegesz.Checked);
-
-  find<QTabWidget>("SSTab1")->setCurrentIndex(1);
-  auto* const list = find<QListWidget>("LPT");
-  const QPoint third = list->visualItemRect(list->item(2)).center();
-  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, third);
-  QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::ControlModifier, third);
-  EXPECT_EQ(list->selectedItems().size(), 1) << "the selection can't be removed";
-  for (const int row : {0, 2}) {
-    list->item(row)->setSelected(true);
-    EXPECT_EQ(lap.port.LPT.ListIndex, row) << "as a screen reader selects";
-    EXPECT_EQ(list->selectedItems(), QList<QListWidgetItem*>{list->item(row)});
+TEST_F(Desktop, TheWordToEndFromOutsideEndsOnceWithoutAQuestion) {
+  for (const auto& [signal, before, ends] : {std::tuple(SIGHUP, SIG_IGN, 0),
+                                             {SIGHUP, SIG_DFL, 1},
+                                             {SIGTERM, SIG_DFL, 1},
+                                             {SIGINT, SIG_DFL, 1}}) {
+    SCOPED_TRACE(signal);
+    std::signal(signal, before);
+    int ended = 0;
+    const EndWatch watch([&ended] { ++ended; });
+    std::raise(signal);
+    EXPECT_EQ(ended, 0) << "between two events";
+    QApplication::processEvents();
+    QEvent quit(QEvent::Quit);
+    EXPECT_FALSE(QApplication::sendEvent(window.get(), &quit)) << "only a word to the program";
+    EXPECT_EQ(ended, ends);
+    EXPECT_TRUE(QApplication::sendEvent(qApp, &quit)) << "the loop goes on until the end";
+    EXPECT_EQ(ended, 1);
+    for (const int caught : {SIGHUP, SIGTERM, SIGINT}) std::signal(caught, SIG_DFL);
   }
-  find<QTabWidget>("SSTab1")->setCurrentIndex(2);
-  EXPECT_EQ(journal, (Journal{"r3BC", "w3BC=0"}));
-
-  for (int twice = 0; twice < 2; ++twice) find<QAction>("Mpcb32")->trigger();
-  EXPECT_TRUE(find<QAction>("Mpcb32")->isChecked());
-  EXPECT_FALSE(find<QAction>("Mpcb40")->isChecked());
-  EXPECT_EQ(text("PCBV"), "PCB V3.2");
 }
 
-TEST_F(Desktop, MenuOpensSavesAndEnds) {
-  dialog.path = scratch.path("uj.pwm");
-  for (const char* entry : {"MFSetMent", "MFSetNyit", "MFkilepes"}) find<QAction>(entry)->trigger();
-  EXPECT_EQ(window->windowTitle().toStdString(), "Vilor CNC Monitra V2.2.0  (uj.pwm)");
-  EXPECT_EQ(journal.back(), "end");
-}
-
-TEST_F(Desktop, TheEndOfTheSessionEndsWithoutAQuestion) {
-  lap.setup.FolLe[0].pressUp();
-  const EndWatch watch([this] { lap.endWithoutQuestion(); });
-  QEvent quit(QEvent::Quit);
-  QApplication::sendEvent(qApp, &quit);
-  EXPECT_EQ(journal.front(), "r378");
-  EXPECT_EQ(journal.back(), "end");
+bool Desktop::drop(QWidget* onto, const QList<QUrl>& urls, Qt::DropActions offered) {
+  QMimeData data;
+  data.setUrls(urls);
+  data.setText(QStringLiteral("file"));
+  const QPoint at = onto->mapTo(window.get(), onto->rect().center());
+  QDragEnterEvent enter(at, offered, &data, Qt::LeftButton, Qt::ShiftModifier);
+  QApplication::sendEvent(window->windowHandle(), &enter);
+  if (!enter.isAccepted()) return false;
+  QDropEvent event(at, offered, &data, Qt::LeftButton, Qt::ShiftModifier);
+  QApplication::sendEvent(window->windowHandle(), &event);
+  EXPECT_TRUE(event.isAccepted());
+  EXPECT_EQ(event.dropAction(), Qt::CopyAction) << "whoever drags it must not remove the file";
+  return true;
 }
 
 TEST_F(Desktop, OneSetupOrFirmwareFileDroppedAnywhereIsOpenedAsACopy) {
-  const QString firmware =
-      toQt(scratch.write("fw.hex", support::Block().text() + support::closingRecord));
-  const QString setup = toQt(scratch.write("a.pwm", ""));
-  const auto drop = [this](QWidget* onto, const QList<QUrl>& urls, Qt::DropActions offered) {
-    QMimeData data;
-    data.setUrls(urls);
-    data.setText(QStringLiteral("file"));
-    QWindow* const target = window->windowHandle();
-    const QPointF at = onto->mapTo(window.get(), onto->rect().center());
-    QDragEnterEvent enter(at.toPoint(), offered, &data, Qt::LeftButton, Qt::ShiftModifier);
-    QApplication::sendEvent(target, &enter);
-    if (!enter.isAccepted()) return false;
-    QDragMoveEvent move(at.toPoint(), offered, &data, Qt::LeftButton, Qt::ShiftModifier);
-    // As the platform does it: what was accepted on entering holds on the way.
-    move.setDropAction(enter.dropAction());
-    move.accept();
-    QApplication::sendEvent(target, &move);
-    QDropEvent event(at, offered, &data, Qt::LeftButton, Qt::ShiftModifier);
-    QApplication::sendEvent(target, &event);
-    EXPECT_TRUE(move.isAccepted() && event.isAccepted());
-    EXPECT_EQ(event.dropAction(), Qt::CopyAction) << "whoever drags it must not remove the file";
-    return true;
-  };
-  const auto url = [](const QString& path) { return QUrl::fromLocalFile(path); };
+  const auto firmware =
+      QUrl::fromLocalFile(toQt(scratch.write("fw.hex", Block().text() + closingRecord)));
+  const auto setup = QUrl::fromLocalFile(toQt(scratch.write("a.pwm", "")));
   const std::string unchanged = lap.form.Caption;
-  QWidget* const field = find<QLineEdit>("Ut");
-  EXPECT_FALSE(drop(field, {}, Qt::CopyAction));
-  EXPECT_FALSE(drop(field, {url("/tmp/a.txt")}, Qt::CopyAction));
-  EXPECT_FALSE(drop(field, {url(firmware), url(setup)}, Qt::CopyAction));
-  EXPECT_FALSE(drop(field, {QUrl("http://pelda.hu/fw.hex")}, Qt::CopyAction));
-  EXPECT_FALSE(drop(field, {url(firmware)}, Qt::MoveAction));
+  QWidget* const field = widget("Ut");
+  for (const QList<QUrl>& urls : {QList<QUrl>(),
+                                  {QUrl::fromLocalFile("/tmp/a.txt")},
+                                  {firmware, setup},
+                                  {QUrl("http://pelda.hu/fw.hex")}}) {
+    EXPECT_FALSE(drop(field, urls)) << urls.size();
+  }
+  EXPECT_FALSE(drop(field, {firmware}, Qt::MoveAction));
   QMessageBox message(window.get());
-  EXPECT_TRUE(drop(field, {url(firmware)}, Qt::CopyAction));
+  EXPECT_TRUE(drop(field, {firmware}));
   message.open();
-  EXPECT_FALSE(drop(field, {url(firmware)}, Qt::CopyAction)) << "under a box";
+  EXPECT_FALSE(drop(field, {firmware})) << "under a box";
   QApplication::processEvents();
   message.close();
-  EXPECT_EQ(lap.form.Caption.get(), unchanged);
-
-  EXPECT_TRUE(drop(field, {url(firmware)}, Qt::MoveAction | Qt::CopyAction));
+  EXPECT_TRUE(drop(field, {firmware}, Qt::MoveAction | Qt::CopyAction));
   EXPECT_EQ(lap.form.Caption.get(), unchanged) << "the drop ends first, a box might come up";
   QApplication::processEvents();
   EXPECT_EQ(lap.form.Caption.get(), unchanged + "   (fw.hex)");
-  EXPECT_EQ(boxText("Ut"), "258");
-  EXPECT_TRUE(find<QAction>("MBTallando")->isChecked());
-  for (QWidget* const onto : std::initializer_list<QWidget*>{
-           find<QTabWidget>("SSTab1"), find<QLabel>("Esemeny"), find<QWidget>("Funkcio")}) {
+  for (const auto& [onto, tab] :
+       {std::pair("SSTab1", 0), {"Esemeny", 0}, {"Funkcio", 0}, {"InfoT", 3}}) {
+    showTab(tab);
     lap.form.Caption = "";
-    EXPECT_TRUE(drop(onto, {url(setup)}, Qt::CopyAction)) << onto->objectName().toStdString();
+    EXPECT_TRUE(drop(widget(onto), {setup})) << onto;
     QApplication::processEvents();
-    EXPECT_EQ(lap.form.Caption.get(), unchanged + "  (a.pwm)");
+    EXPECT_EQ(lap.form.Caption.get(), unchanged + "  (a.pwm)") << onto;
   }
-  find<QTabWidget>("SSTab1")->setCurrentIndex(3);
-  EXPECT_TRUE(drop(find<QPlainTextEdit>("InfoT"), {url(setup)}, Qt::CopyAction));
-  QApplication::processEvents();
 }
 
 /// Does something to the dialog that comes up next.
@@ -274,97 +208,117 @@ void whenShown(std::function<void(Dialog&)> act) {
 
 TEST(QtMessageBox, ShowsTextIconAndTitleAndMapsTheAnswer) {
   using platform::BoxAnswer;
-  struct Case {
-    int style;
-    QMessageBox::Icon icon;
-    int button;  ///< that is pressed; -1: the escape key
-    BoxAnswer answer;
-  };
   QtMessageBox prompt(QStringLiteral("Monitra Setup"));
-  for (const auto& c : {Case{52, QMessageBox::Warning, 0, BoxAnswer::Yes},
-                        Case{36, QMessageBox::Question, 1, BoxAnswer::No},
-                        Case{52, QMessageBox::Warning, -1, BoxAnswer::No},
-                        Case{64, QMessageBox::Information, -1, BoxAnswer::Ok},
-                        Case{16, QMessageBox::Critical, 0, BoxAnswer::Ok},
-                        Case{0, QMessageBox::NoIcon, 0, BoxAnswer::Ok}}) {
-    whenShown<QMessageBox>([&c](QMessageBox& box) {
-      EXPECT_EQ(box.text().toStdString(), "'<b>.pwm'\nmásodik");
-      EXPECT_EQ(box.textFormat(), Qt::PlainText);
-      EXPECT_EQ(box.windowTitle().toStdString(), "Monitra Setup");
-      EXPECT_EQ(box.icon(), c.icon);
-      const bool asks = platform::box_style::asksYesNo(c.style);
-      EXPECT_EQ(box.buttons().size(), asks ? 2 : 1);
-      EXPECT_EQ(box.buttons().constFirst()->text().toStdString(), asks ? "&Igen" : "OK");
-      EXPECT_EQ(box.defaultButton(), asks ? box.buttons().constFirst() : nullptr);
-      if (c.button >= 0) {
-        box.buttons().at(c.button)->click();
-      } else {
-        QTest::keyClick(&box, Qt::Key_Escape);
-      }
+  // Each row: the style, its icon, the button that is pressed (-1: the escape key), the answer.
+  for (const auto& [style, icon, pressed, answer] :
+       {std::tuple(52, QMessageBox::Warning, 0, BoxAnswer::Yes),
+        {36, QMessageBox::Question, 1, BoxAnswer::No},
+        {36, QMessageBox::Question, -1, BoxAnswer::No},
+        {64, QMessageBox::Information, -1, BoxAnswer::Ok},
+        {16, QMessageBox::Critical, 0, BoxAnswer::Ok},
+        {0, QMessageBox::NoIcon, 0, BoxAnswer::Ok}}) {
+    SCOPED_TRACE(style);
+    bool repainted = false;
+    const bool asks = answer != BoxAnswer::Ok;
+    whenShown<QMessageBox>([&](QMessageBox& shown) {
+      EXPECT_EQ(shown.text().toStdString(), "'<b>.pwm'\nmásodik");
+      EXPECT_EQ(shown.textFormat(), Qt::PlainText);
+      EXPECT_EQ(shown.windowTitle().toStdString(), "Monitra Setup");
+      EXPECT_EQ(shown.icon(), icon);
+      const auto buttons = shown.buttons();
+      EXPECT_EQ(buttons.size(), asks ? 2 : 1);
+      EXPECT_EQ(buttons[0]->text().toStdString(), asks ? "&Igen" : "OK");
+      EXPECT_EQ(shown.defaultButton(), asks ? buttons[0] : nullptr);
+      pressed >= 0 ? buttons[pressed]->click() : QTest::keyClick(&shown, Qt::Key_Escape);
+      QTimer::singleShot(0, [&] { repainted = true; });
     });
-    EXPECT_EQ(prompt.MsgBox("'<b>.pwm'\r\nmásodik", c.style), c.answer);
+    EXPECT_EQ(prompt.MsgBox("'<b>.pwm'\r\nmásodik", style), answer);
+    EXPECT_TRUE(repainted) << "the window gets time behind the box";
   }
 }
 
-TEST(QtFileDialog, OffersTheGivenFiltersAndTakesAnyName) {
-  const support::Scratch scratch;
-  QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-  QtFileDialog dialog;
-  const auto show = [&](platform::Failure (QtFileDialog::*ask)(), const char* typed) {
-    dialog.Filter = "Setup File (*.pwm)|*.pwm|Minden File (*.*)|*.*";
-    dialog.FileName = "Modositott.pwm";
-    whenShown<QFileDialog>([&](QFileDialog& shown) {
-      EXPECT_EQ(shown.nameFilters(),
-                (QStringList{"Setup File (*.pwm) (*.pwm)", "Minden File (*.*) (*)"}));
-      EXPECT_TRUE(shown.testOption(QFileDialog::HideNameFilterDetails));
-      auto* const name = shown.findChild<QLineEdit*>("fileNameEdit");
-      EXPECT_EQ(name->text(), "Modositott.pwm");
-      shown.setDirectory(toQt(scratch.path()));
-      name->setText(QString::fromUtf8(typed));
-      QTest::keyClick(name, *typed != '\0' ? Qt::Key_Return : Qt::Key_Escape);
-    });
-    return (dialog.*ask)();
-  };
-  EXPECT_EQ(show(&QtFileDialog::ShowOpen, "nincs.pwm"), platform::Failure::None);
-  EXPECT_EQ(dialog.FileName, scratch.path("nincs.pwm"));
-  EXPECT_EQ(dialog.FileTitle, "nincs.pwm");
-  EXPECT_EQ(show(&QtFileDialog::ShowSave, "ékezetes név"), platform::Failure::None);
-  EXPECT_EQ(dialog.FileTitle, "ékezetes név.pwm") << "a name without extension gets the filter's";
-  EXPECT_EQ(show(&QtFileDialog::ShowOpen, ""), platform::Failure::Cancel);
-  EXPECT_EQ(dialog.FileName, "Modositott.pwm");
+struct FileDialogs : testing::Test {
+  FileDialogs() { QApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
+  Failure show(bool save, const char* typed, const QString& folder, const char* filter = "");
+
+  const Scratch scratch;
+  std::optional<QtFileDialog> dialog;
+};
+
+/// Shows it, which is to come up in this folder; chooses a filter, types a name into it and presses
+/// Enter, without a name Escape.
+Failure FileDialogs::show(bool save, const char* typed, const QString& folder, const char* filter) {
+  dialog->Filter = "Setup File (*.pwm)|*.pwm|Minden File (*.*)|*.*|Maradék";
+  dialog->FileName = "Modositott.pwm";
+  whenShown<QFileDialog>([&](QFileDialog& shown) {
+    EXPECT_EQ(shown.nameFilters(),
+              (QStringList{"Setup File (*.pwm) (*.pwm)", "Minden File (*.*) (*)"}));
+    EXPECT_TRUE(shown.testOption(QFileDialog::HideNameFilterDetails));
+    EXPECT_EQ(shown.acceptMode(), save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    EXPECT_EQ(shown.directory().absolutePath(), folder);
+    auto* const name = shown.findChild<QLineEdit*>("fileNameEdit");
+    EXPECT_EQ(name->text(), "Modositott.pwm");
+    if (*typed == '/') shown.setDirectory(QFileInfo(typed).path());
+    if (*filter != '\0') emit shown.filterSelected(filter);
+    name->setText(QString::fromUtf8(typed));
+    QTest::keyClick(name, *typed != '\0' ? Qt::Key_Return : Qt::Key_Escape);
+  });
+  return save ? dialog->ShowSave() : dialog->ShowOpen();
+}
+
+TEST_F(FileDialogs, OfferTheGivenFiltersAndTakeAnyName) {
+  const QString before = QDir::currentPath();
+  QDir::setCurrent(QDir::rootPath());
+  dialog.emplace();
+  EXPECT_EQ(show(false, "", QDir::homePath()), Failure::Cancel);
+  EXPECT_EQ(dialog->FileName, "Modositott.pwm");
+  QDir::setCurrent(before);
+  dialog.emplace();
+  const std::string chosen = scratch.path("nincs.pwm");
+  EXPECT_EQ(show(false, chosen.c_str(), before), Failure::None);
+  EXPECT_EQ(dialog->FileName + " " + dialog->FileTitle, chosen + " nincs.pwm");
+  for (const auto& [typed, filter, title] : {std::array{"ékezetes név", "", "ékezetes név.pwm"},
+                                             {"név", "Minden File (*.*) (*)", "név"},
+                                             {"más", "Setup File (*.pwm) (*.pwm)", "más.pwm"},
+                                             {"van", "", "van.pwm"}}) {
+    scratch.write("van.pwm", "nothing is asked about it");
+    EXPECT_EQ(show(true, typed, toQt(scratch.path()), filter), Failure::None);
+    EXPECT_EQ(dialog->FileName, scratch.path(title)) << "where the last one was chosen";
+  }
 }
 
 TEST(QtRemedyBox, ShowsTheTextGivesTheCommandAwayAndTellsWhetherToTryAgain) {
   QtRemedyBox box(QStringLiteral("Monitra Setup"));
-  const struct {
-    const char* command;
-    bool canRetry;
-    const char* press;
-    bool again;
-  } cases[] = {{"sudo modprobe ppdev", true, "Ú&jra próbálja", true},
-               {"sudo modprobe ppdev", true, "&Bezárás", false},
-               {"", false, "&Bezárás", false}};
-  for (const auto& given : cases) {
+  const std::string text = std::string(150, 'x') + " " + std::string(150, 'x');
+  for (const auto& [command, captions, pressed, again] :
+       {std::tuple("sudo modprobe", "&Másolás|&Bezárás|Ú&jra próbálja", 2, true),
+        {"sudo modprobe", "&Másolás|&Bezárás|Ú&jra próbálja", 1, false},
+        {"", "&Bezárás", 0, false}}) {
+    SCOPED_TRACE(pressed);
     QApplication::clipboard()->clear();
-    QTimer::singleShot(0, qApp, [&given] {
-      auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-      ASSERT_NE(dialog, nullptr);
-      EXPECT_EQ(dialog->findChild<QLabel*>()->text(), QStringLiteral("Nincs port."));
-      auto* const copy = dialog->findChild<QPushButton*>(QStringLiteral("copy"));
-      EXPECT_EQ(copy != nullptr, *given.command != '\0');
-      if (copy != nullptr) copy->click();
-      EXPECT_EQ(QApplication::clipboard()->text().toStdString(), given.command);
-      int retries = 0;
-      QPushButton* pressed = nullptr;
-      for (QPushButton* const button : dialog->findChildren<QPushButton*>()) {
-        if (button->text() == QStringLiteral("Ú&jra próbálja")) ++retries;
-        if (button->text().toStdString() == given.press) pressed = button;
+    whenShown<QDialog>([&](QDialog& shown) {
+      EXPECT_EQ(shown.windowTitle(), "Monitra Setup");
+      EXPECT_EQ(shown.minimumSize(), shown.maximumSize());
+      const auto labels = shown.findChildren<QLabel*>();
+      EXPECT_EQ(labels[0]->text().toStdString() + labels[1]->text().toStdString(),
+                text + "Vigyázat!");
+      EXPECT_GT(labels[0]->height(), labels[1]->height()) << "it goes on in a second line";
+      QStringList seen;
+      const auto buttons = shown.findChildren<QPushButton*>();
+      for (auto* const button : buttons) {
+        seen << button->text();
+        EXPECT_EQ(button->isDefault(), button->text() == "&Bezárás") << "Enter closes";
       }
-      EXPECT_EQ(retries, given.canRetry ? 1 : 0);
-      ASSERT_NE(pressed, nullptr);
-      pressed->click();
+      EXPECT_EQ(seen.join('|'), captions);
+      if (buttons.size() > 1) {
+        EXPECT_FALSE(buttons[0]->autoDefault());
+        buttons[0]->click();
+        EXPECT_EQ(shown.findChild<QLineEdit*>()->selectedText(), command);
+      }
+      EXPECT_EQ(QApplication::clipboard()->text(), command);
+      buttons[pressed]->click();
     });
-    EXPECT_EQ(box.show({"Nincs port.", "Vigyázat!", given.command, given.canRetry}), given.again);
+    EXPECT_EQ(box.show({text, "Vigyázat!", command, *command != '\0'}), again);
   }
 }
 

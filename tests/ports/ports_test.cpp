@@ -1,170 +1,245 @@
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include "ports/kernel_driver.h"
+#include "ports/locked_file.h"
+#include "ports/raw_driver.h"
 #include "ports/recorder.h"
-#include "ports/register_memory.h"
 #include "ports/simulated_port.h"
 #include "ports/vcd.h"
 #include "support/port_contract.h"
+#include "support/same.h"
+#include "support/scratch.h"
 
 namespace monitra::ports {
 namespace {
 
-using Lines = std::vector<std::string>;
-using std::chrono::microseconds;
-
-using support::PortContract;
-using support::PortUnderTest;
+using namespace support;
+using namespace std::chrono_literals;
+using platform::PortState;
 
 INSTANTIATE_TEST_SUITE_P(
     Here, PortContract,
-    testing::Values(PortUnderTest{"memory",
-                                  [] { return std::make_unique<RegisterMemory>(); },
-                                  {0x378, 0x278, 0x3BC}},
-                    PortUnderTest{"simulated",
-                                  [] { return std::make_unique<SimulatedPort>(); },
-                                  {0x378, 0x278, 0x3BC}}));
+    testing::Values(PortUnderTest{
+        "simulated", [] { return std::make_unique<SimulatedPort>(); }, {0x378, 0x278, 0x3BC}}));
 
-/// Clocks bytes into a port by its pins alone.
-void send(SimulatedPort& port, std::int32_t address, int dataBit, int clockBit,
-          const std::vector<int>& bytes) {
-  for (const int byte : bytes) {
-    for (int n = 0; n < 8; ++n) {
-      const int data = (byte >> n & 1) << dataBit;
-      for (const int levels : {data, data | 1 << clockBit, data}) {
-        port.DlPortWritePortUchar(address, static_cast<std::uint8_t>(levels));
-      }
-    }
-  }
-}
-
-struct Heard : testing::Test {
-  Heard() {
+struct Simulated : testing::Test {
+  Simulated() {
     port.received = [this](std::int32_t address, const VirtualController& from,
                            const Received& message) {
       const char* const kinds[] = {"setup ", "frame ", "unknown "};
       heard.push_back(std::to_string(address) + " " + std::string(from.wiring().board) + " " +
                       kinds[static_cast<int>(message.kind)] + bytesText(message.bytes));
+      keepState(from);
     };
+    port.moved = [this](std::int32_t, const VirtualController& from) { keepState(from); };
   }
 
-  SimulatedPort port;
-  std::vector<std::string> heard;
-};
-
-TEST_F(Heard, EachBoardHearsItsOwnClockAndOnlyItsOwnPort) {
-  send(port, 0x378, 5, 7, {99, 0, 16});
-  send(port, 0x278, 5, 2, {110, 0, 4});
-  send(port, 0x37A, 5, 7, {120, 0, 1});
-  EXPECT_EQ(heard, (Lines{"888 PCB V4.x frame 99 0 16", "632 PCB V3.2 frame 110 0 4"}));
-}
-
-TEST_F(Heard, TellsSetupFramesAndBytesThatMakeNoMessage) {
-  const std::string setup = "85 0 244 91 24 24 244 91 24 24 244 91 24 24 0 3 232 1 0 ";
-  send(port, 0x378, 5, 7, {7});
-  for (const int last : {255, 254}) {
-    send(port, 0x378, 5, 7,
-         {85, 0, 244, 91, 24, 24, 244, 91, 24, 24, 244, 91, 24, 24, 0, 3, 232, 1, 0, last});
+  void keepState(const VirtualController& from) {
+    if (from.wiring().board == wiringV4x.board) state = describe(from.machine());
   }
-  send(port, 0x378, 5, 7, {99, 0, 3, 120, 1, 16, 120, 0, 8});
-  EXPECT_EQ(heard, (Lines{"888 PCB V4.x unknown 7", "888 PCB V4.x setup " + setup + "255",
-                          "888 PCB V4.x unknown " + setup + "254", "888 PCB V4.x unknown 99 0 3",
-                          "888 PCB V4.x unknown 120 1 16", "888 PCB V4.x frame 120 0 8"}));
-}
-
-TEST_F(Heard, AClockThatIsHighAtTheStartCostsTheFirstBit) {
-  port.DlPortWritePortUchar(0x378, 0x80);
-  for (const int levels : {0xA0, 0xA0, 0x20}) {
-    port.DlPortWritePortUchar(0x378, static_cast<std::uint8_t>(levels));
-  }
-  send(port, 0x378, 5, 7, {99, 0, 16});
-  EXPECT_EQ(heard, (Lines{"888 PCB V4.x frame 99 0 16"}));
-}
-
-TEST_F(Heard, AStepOrALongPauseEndsWhatHasComeOfAMessage) {
-  std::chrono::nanoseconds now{};
-  SimulatedPort timed([&now] { return now; });
-  timed.received = port.received;
-  const auto write = [&timed](std::initializer_list<int> levels) {
-    for (const int level : levels) {
-      timed.DlPortWritePortUchar(0x378, static_cast<std::uint8_t>(level));
-    }
-  };
-  write({0x80, 0x00, 0x80, 0x00});
-  now += std::chrono::milliseconds(201);
-  send(timed, 0x378, 5, 7, {99, 0});
-  now += std::chrono::milliseconds(200);
-  send(timed, 0x378, 5, 7, {1, 110, 0});
-  now += std::chrono::milliseconds(201);
-  send(timed, 0x378, 5, 7, {120});
-  write({0x80, 0x82, 0x00});
-  send(timed, 0x378, 5, 7, {99, 0, 16});
-  EXPECT_EQ(heard, (Lines{"888 PCB V4.x frame 99 0 1", "888 PCB V4.x unknown 110 0",
-                          "888 PCB V4.x unknown 120", "888 PCB V4.x frame 99 0 16"}));
-}
-
-TEST(Machine, FollowsStepsLinesAndSpindle) {
-  SimulatedPort port;
-  std::string state;
-  int moves = 0;
-  const auto show = [&state](const VirtualController& controller) {
-    if (controller.wiring().board == wiringV4x.board) state = describe(controller.machine());
-  };
-  port.received = [&](auto, const VirtualController& controller, auto&) { show(controller); };
-  port.moved = [&](auto, const VirtualController& controller) {
-    show(controller);
-    ++moves;
-  };
-  const auto write = [&port](std::int32_t address, std::initializer_list<int> levels) {
+  void write(std::int32_t address, const std::vector<int>& levels) {
     for (const int level : levels) {
       port.DlPortWritePortUchar(address, static_cast<std::uint8_t>(level));
     }
-  };
+  }
+  /// Clocks bytes into a port by its pins alone.
+  void send(const std::vector<int>& bytes, std::int32_t address = 0x378, int clockBit = 7) {
+    for (const int byte : bytes) {
+      for (int n = 0; n < 8; ++n) {
+        const int data = (byte >> n & 1) << 5;
+        write(address, {data, data | 1 << clockBit, data});
+      }
+    }
+  }
+
+  std::chrono::nanoseconds now{};
+  SimulatedPort port{[this] { return now; }};
+  Journal heard;
+  std::string state;  ///< of the machine on board V4.x that did something last
+};
+
+TEST_F(Simulated, EachBoardTellsMessagesOnItsOwnClockAndPort) {
+  const std::string setup = "85 0 244 91 24 24 244 91 24 24 244 91 24 24 0 3 232 1 0 ";
+  send({110, 0, 4}, 0x278, 2);
+  send({120, 0, 1}, 0x37A);
+  send({7});
+  for (const int last : {255, 254}) {
+    send({85, 0, 244, 91, 24, 24, 244, 91, 24, 24, 244, 91, 24, 24, 0, 3, 232, 1, 0, last});
+  }
+  send({99, 0, 3, 120, 1, 16, 120, 0, 8});
+  EXPECT_TRUE(same(heard, {"632 PCB V3.2 frame 110 0 4", "888 PCB V4.x unknown 7",
+                           "888 PCB V4.x setup " + setup + "255",
+                           "888 PCB V4.x unknown " + setup + "254", "888 PCB V4.x unknown 99 0 3",
+                           "888 PCB V4.x unknown 120 1 16", "888 PCB V4.x frame 120 0 8"}));
+}
+
+TEST_F(Simulated, AStepOrALongPauseEndsWhatHasComeOfAMessage) {
+  write(0x378, {0x80, 0xA0, 0xA0, 0x20});  // a clock that is high at first is no edge
+  send({99, 0, 16});
+  write(0x378, {0xA0, 0x20, 0xA0, 0x00});
+  now += 201ms;
+  send({120, 0});
+  now += 200ms;
+  send({1, 110, 0});
+  now += 201ms;
+  send({120});
+  write(0x378, {0x80, 0x82, 0x00});
+  send({99, 0, 8});
+  EXPECT_TRUE(same(heard, {"888 PCB V4.x frame 99 0 16", "888 PCB V4.x frame 120 0 1",
+                           "888 PCB V4.x unknown 110 0", "888 PCB V4.x unknown 120",
+                           "888 PCB V4.x frame 99 0 8"}));
+}
+
+TEST_F(Simulated, TheMachineFollowsStepsLinesAndSpindleUntilANewOneComes) {
   write(0x378, {0x44, 0x44, 0x04, 0x44, 0x44, 0x04, 0x44});
   EXPECT_EQ(state, "X 2, Y 0, Z 0, terhelés 0%") << "a level that was high at first is no edge";
-  write(0x378, {0x00, 0x10, 0x00, 0x10, 0x00, 0x30, 0x20, 0x82, 0x00, 0x02});
+  write(0x378, {0x00, 0x10, 0x00, 0x10, 0x00, 0x30, 0x20, 0x82, 0x00, 0x02, 0x06});
   EXPECT_EQ(state, "X 2, Y -1, Z 0, terhelés 0%");
   write(0x37A, {0x02});
   EXPECT_EQ(state, "X 2, Y -1, Z 0, terhelés 0%, marómotor ki");
-  write(0x37A, {0x00});
-  const int before = moves;
-  write(0x37A, {0x0D, 0x00, 0x0C});
-  EXPECT_EQ(moves, before) << "the other control bits mean nothing";
+  write(0x37A, {0x00, 0x0D});
   write(0x378, {0x00});
-  send(port, 0x378, 5, 7, {99, 0, 1, 99, 0, 8, 110, 0, 4});
+  send({99, 0, 1, 99, 0, 8, 110, 0, 4});
   EXPECT_EQ(state, "X 2 L1 L4, Y -1 L3, Z 0, terhelés 50%, marómotor be");
-  send(port, 0x378, 5, 7, {99, 0, 16});
+  send({99, 0, 16});
   EXPECT_EQ(state, "X 2, Y -1 L3, Z 0, terhelés 16%, marómotor be");
+  send({120, 0, 8, 99});
+  port.plugIn("PCB V3.2");
+  send({0, 1});
+  EXPECT_EQ(state, "X 2 L1, Y -1 L3, Z 0 L4, terhelés 50%, marómotor be") << "it isn't this one";
+  send({99});
+  write(0x378, {0xA0});
+  port.plugIn("PCB V4.x");
+  write(0x378, {0x00});
+  send({120, 0, 2});
+  EXPECT_EQ(state, "X 0, Y 0, Z 0 L2, terhelés 16%");
 }
 
 TEST(Vcd, GivesEveryWriteOfThePortAtItsTime) {
-  const VcdPort port{0x378,
-                     0x37A,
-                     {"D0", "D1", "D2", "D3", "D4", "D5_Adat", "D6", "D7_Orajel"},
-                     {"C0", "C1_Spindle", "C2", "C3", "C4", "C5", "C6", "C7"}};
-  using Kind = PortEvent::Kind;
-  const std::string dump = vcd(port, {{Kind::Read, 0x378, 0x01, microseconds(5)},
-                                      {Kind::Write, 0x378, 0x21, microseconds(7)},
-                                      {Kind::Sleep, 0, 1, microseconds(1007)},
-                                      {Kind::Read, 0x378, 0x21, microseconds(1008)},
-                                      {Kind::Write, 0x278, 0xFF, microseconds(1008)},
-                                      {Kind::Write, 0x37A, 0x02, microseconds(1009)},
-                                      {Kind::Write, 0x378, 0x21, microseconds(1010)},
-                                      {Kind::Sleep, 0, 1, microseconds(2010)}});
-  const auto levels = [](const char* bits, char first) {
-    std::string lines;
-    for (int bit = 0; bit < 8; ++bit) {
-      lines += std::string(1, bits[7 - bit]) + static_cast<char>(first + bit) + "\n";
-    }
-    return lines;
-  };
-  EXPECT_NE(dump.find("$timescale 1 us $end"), std::string::npos);
-  EXPECT_NE(dump.find("$var wire 1 & D5_Adat $end\n"), std::string::npos);
-  EXPECT_NE(dump.find("$var wire 1 * C1_Spindle $end\n"), std::string::npos);
-  const std::string expected =
-      "#0\n$dumpvars\n" + levels("xxxxxxxx", '!') + levels("xxxxxxxx", ')') + "$end\n#0\n" +
-      levels("00000001", '!') + "#2\n" + levels("00100001", '!') + "#1004\n" +
-      levels("00000010", ')') + "#1005\n" + levels("00100001", '!') + "#2005\n";
-  EXPECT_EQ(dump.substr(dump.find("#0\n")), expected);
+  using enum PortEvent::Kind;
+  const std::string dump = vcd({0x378,
+                                0x37A,
+                                {"D0", "D1", "D2", "D3", "D4", "D5_Adat", "D6", "D7_Orajel"},
+                                {"C0", "C1_Spindle", "C2", "C3", "C4", "C5", "C6", "C7"}},
+                               {{Read, 0x378, 0x01, 5us},
+                                {Write, 0x378, 0x21, 7us},
+                                {Sleep, 0, 1, 1007us},
+                                {Read, 0x378, 0x21, 1008us},
+                                {Write, 0x278, 0xFF, 1008us},
+                                {Read, 0x37A, 0x04, 1009us},
+                                {Write, 0x37A, 0x02, 1010us},
+                                {Write, 0x378, 0x21, 1011us},
+                                {Sleep, 0, 1, 2010us}});
+  std::ifstream expected(MONITRA_VCD);
+  EXPECT_EQ(dump, std::string(std::istreambuf_iterator<char>(expected), {}));
+}
+
+namespace fs = std::filesystem;
+using Kind = PortState::Kind;
+
+/// Folders as the kernel shows them. No port stands behind their nodes, and no PC has registers at
+/// their port's address.
+struct KernelFolders : testing::Test {
+  void make(const std::string& path, const std::string& content = {}) {
+    fs::create_directories(fs::path(scratch.path(path)).parent_path());
+    scratch.write(path, content);
+  }
+  void makePort(int number, int address, const std::string& active = "none") {
+    const std::string name = "parport" + std::to_string(number);
+    make("proc/sys/dev/parport/" + name + "/base-addr", std::to_string(address) + "\t0\n");
+    make("proc/sys/dev/parport/" + name + "/devices/active", active + "\n");
+    make("dev/" + name);
+  }
+  void makePort(const std::string& active = "none") { makePort(0, port.address, active); }
+  PortState of(Kind kind, int error = 0) {
+    return {.kind = kind, .address = port.address, .node = node, .error = error};
+  }
+  void expectBusy(const std::string& holder, bool isDriver) {
+    PortState expected = of(Kind::Busy);
+    expected.holder = holder;
+    expected.holderIsDriver = isDriver;
+    EXPECT_EQ(driver.look(port), expected) << holder;
+    EXPECT_EQ(raw.look(port), expected) << holder;
+    EXPECT_EQ(driver.open(port, {}).state, expected) << holder;
+  }
+
+  const FoundPort port{0, 0x10378};
+  const std::string thisProgram = "test_ports (" + std::to_string(::getpid()) + ")";
+  Scratch scratch;
+  const std::string node = scratch.path("dev/parport0");
+  const fs::path devices = scratch.path("proc/sys/dev/parport/parport0/devices");
+  KernelDriver driver{ParportFolder(scratch.path())};
+  RawDriver raw{ParportFolder(scratch.path())};
+};
+
+TEST_F(KernelFolders, GiveThePortsByNumberAndTellWhatIsNotThere) {
+  EXPECT_EQ(driver.find().size(), 0U);
+  EXPECT_EQ(driver.none().kind, Kind::NoDriver);
+  make("sys/module/parport_pc/refcnt", "0");
+  EXPECT_EQ(driver.none().kind, Kind::NoPort);
+  for (const int number : {5, 10, 2, 7}) makePort(number, 0x378 + number);
+  make("proc/sys/dev/parport/default/timeslice", "200");
+  make("proc/sys/dev/parport/parport3/base-addr", "x\n");
+  make("proc/sys/dev/parport/parport4/modes", "PCSPP");
+  EXPECT_EQ(driver.find(),
+            (std::vector<FoundPort>{{2, 0x37A}, {5, 0x37D}, {7, 0x37F}, {10, 0x382}}));
+  EXPECT_EQ(driver.look(port), of(Kind::NoNode));
+  make("sys/class/ppdev/parport1");
+  EXPECT_EQ(driver.look(port), driver.none());
+  makePort();
+  fs::remove(node);
+  EXPECT_EQ(driver.look(port), of(Kind::Hidden));
+}
+
+TEST_F(KernelFolders, TellWhoHasAPortByEitherWay) {
+  makePort();
+  EXPECT_EQ(raw.look(port), of(Kind::Failed, ENOENT)) << "without a folder for locks";
+  make("run/lock/x");
+  EXPECT_EQ(driver.look(port), of(Kind::Untried));
+  EXPECT_EQ(driver.open(port, {}).state, of(Kind::Failed, ENOTTY)) << "a node without a port";
+  EXPECT_EQ(raw.look(port), (PortState{.kind = Kind::Untried, .address = port.address}));
+  EXPECT_EQ(raw.open(port, {}).state.kind, Kind::NoRegisters);
+  EXPECT_EQ(std::ranges::count(raw.find(), port), 0) << "it doesn't answer";
+  fs::create_directories(devices / "lp");
+  PortState expected = of(Kind::Untried);
+  expected.shared = true;
+  EXPECT_EQ(driver.look(port), expected);
+  EXPECT_EQ(driver.open(port, {}).state, of(Kind::Failed, ENOTTY)) << "nor beside the printer's";
+  makePort("lp");
+  EXPECT_EQ(driver.look(port), of(Kind::Printing));
+  EXPECT_EQ(raw.look(port).holder, "lp");
+  EXPECT_TRUE(raw.look(port).holderIsDriver);
+  LockedFile other(node);
+  ASSERT_TRUE(other.lock());
+  expectBusy(thisProgram, false);
+  other = LockedFile(scratch.path("nincs"));
+  EXPECT_EQ(other.error(), ENOENT);
+  EXPECT_EQ(driver.open(port, {}).state, of(Kind::Printing));
+  LockedFile byRegisters = lockFile(scratch.path("run/lock/monitra-10378"));
+  ASSERT_TRUE(byRegisters.lock());
+  expectBusy(thisProgram, false);
+  fs::create_directories(devices / "imm");
+  expectBusy("imm", true);
+}
+
+TEST_F(KernelFolders, NameTheProgramThatHasAFileOpenAndLockWhatIsNoLink) {
+  EXPECT_TRUE(lockFile(scratch.path("zar")).lock());
+  EXPECT_EQ(fs::status(scratch.path("zar")).permissions(), fs::perms{0644}) << "for every user";
+  fs::create_symlink("zar", scratch.path("lanc"));
+  EXPECT_EQ(lockFile(scratch.path("lanc")).error(), ELOOP);
+
+  const std::string file = scratch.write("nyitva", "");
+  const LockedFile mine(file);
+  EXPECT_EQ(programHolding(file), "") << "nobody but this one";
+  const pid_t child = ::fork();
+  if (child == 0) ::_exit(::pause());
+  EXPECT_EQ(programHolding(file), "test_ports (" + std::to_string(child) + ")");
+  ::kill(child, SIGKILL);
+  ::waitpid(child, nullptr, 0);
 }
 
 }  // namespace

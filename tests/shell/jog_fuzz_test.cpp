@@ -1,45 +1,67 @@
 #include <gtest/gtest.h>
-#include <random>
 #include <set>
 
+#include "support/fuzz.h"
 #include "support/program.h"
 
 namespace monitra::shell {
 namespace {
 
-using support::hex;
+using namespace support;
 
-/// What may be on the ports after each of the user's actions, told again in a few lines.
-struct Model {
-  bool on = false, ticks = true, spindle = false, v4x = true;
-  int lpt = 0, used = 0, tab = 0;
-  std::set<int> held, flags;
-  std::array<bool, 3> inverted{};
-  std::array<int, 3> data{};  ///< content of each port's data register
-  std::string expected;
-
-  static const char* address(int port) { return std::array{"378", "278", "3BC"}[port]; }
-
-  void release() { held.clear(), flags.clear(); }
-  void stop() { on = spindle = false, release(); }
-  void put(int port, int value) {
-    data[port] = value;
-    expected += std::string("w") + address(port) + "=" + hex(value) + " ";
+/// The program, and what must be on its ports and on the tab "Teszt" after each of the user's
+/// actions, told again in a few lines.
+struct JogWorld : Program {
+  JogWorld() {
+    registers.values = levels;
+    lap.Form_Load();
   }
-  void bits() {
+
+  testing::AssertionResult act(std::uint32_t step, std::string& name) {
+    const Action& action = actions[std::min<std::size_t>(step % 20, actions.size() - 1)];
+    const int i = static_cast<int>(step >> 16) % action.choices;
+    name = action.name + (" " + std::to_string(i)) + ", tick";
+    journal.clear();
+    expected.clear();
+    action.act(i);
+    tick();
+    testing::AssertionResult result = same(journal, expected);
+    const auto check = [&result](bool right, const char* what) {
+      if (result && !right) result = testing::AssertionFailure() << "wrong: " << what;
+    };
+    check(lap.jog.Impulzus.Value == on && lap.jog.Timer1.Enabled == on, "generator");
+    check(lap.Esemeny.Caption.get().empty() == !on, "what the status line tells of it");
+    check(lap.jog.SpindleGomb.Enabled == on && lap.jog.SpindleGomb.Value == spindle, "spindle");
+    for (int n = 0; n < 6; ++n) {
+      check(lap.jog.Mozg[n].Enabled == on && lap.jog.Mozg[n].Held == held.contains(n), "button");
+    }
+    for (int n = 0; n < 9; ++n) check(lap.port.Bitcim[n].Enabled == !on, "box");
+    return result;
+  }
+
+  void put(int address, int value) {
+    levels[address] = static_cast<std::uint8_t>(value);
+    expected.push_back("w" + hex(address) + "=" + hex(value));
+  }
+  void stop() {
+    on = spindle = false;
+    held.clear();
+    flags.clear();
+  }
+  void send(controls::PushButton& button, bool zeros) {
+    int bits = 0;
+    for (int n = 0; n < 9; ++n) bits |= !zeros && lap.port.Bitcim[n].Checked ? 1 << n : 0;
+    button.click();
     stop();
-    used = lpt;
-    put(lpt, 0);
-    expected += std::array{"w37A=0 ", "w27A=0 ", "w3BE=0 "}[lpt];
-  }
-  void idleLines() {
-    expected += std::string("r") + address(lpt) + " ";
-    put(lpt, data[lpt] & (v4x ? 0x5F : 0xDB));
+    used = selected;
+    put(used, bits & 0xFF);
+    put(used + 2, bits > 0xFF ? 2 : 0);
   }
   void tick() {
-    if (!on || !ticks) return;
-    const std::string control = std::array{"37A", "27A", "3BE"}[used];
-    expected += "r" + control + " w" + control + (spindle ? "=0 " : "=2 ");
+    lap.jog.Timer1.tick();
+    if (!on || rate == "2000") return;
+    expected.push_back("r" + hex(used + 2));
+    put(used + 2, spindle ? levels[used + 2] & ~2 : levels[used + 2] | 2);
     if (flags.empty()) return;
     constexpr int steps[2][3] = {{0x80, 0x02, 0x40}, {0x40, 0x10, 0x02}};
     constexpr int directions[2][3] = {{0x10, 0x20, 0x04}, {0x04, 0x20, 0x80}};
@@ -48,98 +70,60 @@ struct Model {
     for (int n = 0; direction != 0 && n < 3; ++n) put(used, direction);
     for (int n = 0; n < 3; ++n) put(used, direction | steps[v4x][first / 2]);
     for (int n = 0; n < 2; ++n) put(used, direction);
+    ++reached;
   }
+
+  struct Action {
+    const char* name;
+    int choices;
+    std::function<void(int)> act;
+  };
+  const std::vector<Action> actions{
+      {"release", 7,
+       [this](int i) {
+         i == 6 ? lap.jog.releaseAll() : lap.jog.Mozg[i].release();
+         if (i == 6 ? !std::exchange(held, {}).empty() : held.erase(i) != 0) flags.clear();
+       }},
+      {"generator", 1,
+       [this](int) { lap.jog.Impulzus.click(), used = selected, on ? stop() : void(on = true); }},
+      {"rate", 3,
+       [this](int i) {
+         const std::string text = std::array{"100", "1999", "2000"}[i];
+         lap.jog.Seb.type(text);
+         if (std::exchange(rate, text) != text) stop();
+       }},
+      {"send the bits", 1, [this](int) { send(lap.bits.Kuld, false); }},
+      {"send zeros", 1, [this](int) { send(lap.bits.Torles, true); }},
+      {"box", 9, [this](int i) { lap.port.Bitcim[i].click(); }},
+      {"invert", 3, [this](int i) { lap.jog.Invert[i].click(); }},
+      {"spindle", 1, [this](int) { lap.jog.SpindleGomb.click(), spindle = on && !spindle; }},
+      {"tab", 2, [this](int i) { lap.SSTab1.Tab = i; }},
+      {"focus on the tabs", 1, [this](int) { lap.SSTab1.GotFocus.raise(), stop(); }},
+      {"board", 2,
+       [this](int i) {
+         v4x = i == 1;
+         (v4x ? lap.port.Mpcb40 : lap.port.Mpcb32).click();
+         expected.push_back(std::string("set Monitra Setup/Setup.PCB=") + (v4x ? "40" : "32"));
+       }},
+      {"port", 3,
+       [this](int i) {
+         lap.port.LPT.select(i), selected = std::array{0x378, 0x278, 0x3BC}[i];
+       }},
+      {"press", 6, [this](int i) {
+         lap.jog.Mozg[i].press();
+         if (on) held.insert(i), flags.insert(lap.jog.Invert[i / 2].Checked ? i ^ 1 : i);
+       }}};
+  bool on = false, spindle = false, v4x = true;
+  std::string rate = "100";
+  int selected = 0x378, used = 0;  ///< data registers; that of control bits is 2 higher
+  std::set<int> held, flags;
+  std::map<std::int32_t, std::uint8_t> levels{{0x37A, 0xFD}, {0x27A, 0xF0}, {0x3BE, 2}};
+  Journal expected;
+  long reached = 0;  ///< pulses
 };
 
-struct JogFuzz : testing::Test, support::Program {};
-
-TEST_F(JogFuzz, NoOrderOfEventsGivesAPulseWithoutAHeldButtonAndTheGeneratorOn) {
-  lap.Form_Load();
-  journal.clear();
-  std::mt19937 random(20);
-  Model model;
-  int i = 0;  // any of the six buttons
-  const auto type = [&](const std::string& rate) {
-    if (rate != lap.jog.Seb.Text.get()) model.stop();
-    lap.jog.Seb.type(rate);
-  };
-  const auto press = [&] {
-    lap.jog.Mozg[i].press();
-    if (!model.on) return;
-    model.held.insert(i);
-    model.flags.insert(model.inverted[i / 2] ? i ^ 1 : i);
-  };
-  const auto tick = [&] {
-    lap.jog.Timer1.tick();
-    model.tick();
-  };
-  const std::function<void()> actions[] = {
-      press,
-      press,
-      press,
-      tick,
-      tick,
-      tick,
-      [&] {
-        lap.jog.Mozg[i].release();
-        if (model.held.erase(i) != 0) model.flags.clear();
-      },
-      [&] {
-        lap.jog.releaseAll();
-        model.release();
-      },
-      [&] {
-        lap.SSTab1.GotFocus.raise();
-        model.stop();
-      },
-      [&] {
-        lap.SSTab1.Tab = i % 4;
-        if (std::exchange(model.tab, i % 4) != 2 && i % 4 == 2) model.idleLines();
-      },
-      [&] { type("100"); },
-      [&] { type(std::to_string(random() % 3000 + 1)); },
-      [&] {
-        lap.jog.Impulzus.click();
-        model.on ? model.stop() : void(model.on = true);
-        model.used = model.lpt;
-        model.ticks = std::stoi(lap.jog.Seb.Text) < 2000;
-      },
-      [&] {
-        (i % 2 == 0 ? lap.bits.Kuld : lap.bits.Torles).click();
-        model.bits();
-      },
-      [&] {
-        lap.jog.Invert[i / 2].click();
-        model.inverted[i / 2] = !model.inverted[i / 2];
-      },
-      [&] {
-        lap.jog.SpindleGomb.click();
-        model.spindle = model.on && !model.spindle;
-      },
-      [&] {
-        model.v4x = i % 2 == 0;
-        (model.v4x ? lap.port.Mpcb40 : lap.port.Mpcb32).click();
-        model.expected += std::string("set Monitra Setup/Setup.PCB=") + (model.v4x ? "40 " : "32 ");
-      },
-      [&] { lap.port.LPT.select(model.lpt = i / 2); }};
-  int pulses = 0;
-  for (int n = 0; n < 200000; ++n) {
-    i = static_cast<int>(random() % 6);
-    model.expected.clear();
-    actions[random() % std::size(actions)]();
-    std::string seen;
-    for (const std::string& entry : std::exchange(journal, {})) seen += entry + " ";
-    ASSERT_EQ(seen, model.expected) << "at event " << n;
-    ASSERT_EQ(lap.jog.Impulzus.Value, model.on);
-    std::set<int> held;
-    for (int button = 0; button < 6; ++button) {
-      if (lap.jog.Mozg[button].Held) held.insert(button);
-    }
-    ASSERT_EQ(held, model.held);
-    ASSERT_TRUE(model.flags.empty() || (model.on && !held.empty()));
-    if (std::count(seen.begin(), seen.end(), 'w') > 3) ++pulses;
-  }
-  EXPECT_GT(pulses, 1000) << "the fuzz must reach what it is about";
+TEST(JogFuzz, NoOrderOfEventsGivesAPulseWithoutAHeldButtonAndTheGeneratorOn) {
+  EXPECT_GT(fuzz<JogWorld>(20, 300, 300), 2000) << "it must reach what it is about";
 }
 
 }  // namespace

@@ -37,40 +37,33 @@ class FaultyFiles : public platform::Files {
   platform::Failure closeFails = platform::Failure::None;
 
  private:
-  class Reader : public platform::ByteReader {
-   public:
-    Reader(std::unique_ptr<platform::ByteReader> real, FaultyFiles& faults)
-        : real_(std::move(real)), faults_(faults) {}
+  /// Whether this one still succeeds of so many.
+  static bool takesOne(int& left) { return left != 0 && (left < 0 || left-- > 0); }
 
+  struct Reader : platform::ByteReader {
+    Reader(std::unique_ptr<platform::ByteReader> file, FaultyFiles& of)
+        : real(std::move(file)), faults(of) {}
     platform::Failure read(std::string& chunk) override {
-      if (faults_.readsThatSucceed == 0) return platform::Failure::DeviceIo;
-      if (faults_.readsThatSucceed > 0) --faults_.readsThatSucceed;
-      return real_->read(chunk);
+      return takesOne(faults.readsThatSucceed) ? real->read(chunk) : platform::Failure::DeviceIo;
     }
 
-   private:
-    std::unique_ptr<platform::ByteReader> real_;
-    FaultyFiles& faults_;
+    std::unique_ptr<platform::ByteReader> real;
+    FaultyFiles& faults;
   };
 
-  class Writer : public platform::ByteWriter {
-   public:
-    Writer(std::unique_ptr<platform::ByteWriter> real, FaultyFiles& faults)
-        : real_(std::move(real)), faults_(faults) {}
-
+  struct Writer : platform::ByteWriter {
+    Writer(std::unique_ptr<platform::ByteWriter> file, FaultyFiles& of)
+        : real(std::move(file)), faults(of) {}
     platform::Failure write(std::string_view bytes) override {
-      if (faults_.writesThatSucceed == 0) return platform::Failure::DiskFull;
-      if (faults_.writesThatSucceed > 0) --faults_.writesThatSucceed;
-      return real_->write(bytes);
+      return takesOne(faults.writesThatSucceed) ? real->write(bytes) : platform::Failure::DiskFull;
     }
     platform::Failure close() override {
-      const platform::Failure failure = real_->close();
-      return faults_.closeFails != platform::Failure::None ? faults_.closeFails : failure;
+      const platform::Failure failure = real->close();
+      return faults.closeFails != platform::Failure::None ? faults.closeFails : failure;
     }
 
-   private:
-    std::unique_ptr<platform::ByteWriter> real_;
-    FaultyFiles& faults_;
+    std::unique_ptr<platform::ByteWriter> real;
+    FaultyFiles& faults;
   };
 
   platform::Failure wrapped(platform::Failure opened, std::unique_ptr<platform::ByteWriter>& file) {

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <deque>
 #include <functional>
 #include <map>
 #include <optional>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -29,11 +31,29 @@ inline std::string hex(int value) {
   return text;
 }
 
+/// From now on each value of the property goes into the journal, behind this name.
+template <class Property>
+void journalise(Journal& journal, Property& property, const std::string& name = {},
+                std::ios_base& (*base)(std::ios_base&) = std::dec) {
+  property.observe([=, &journal, &property] {
+    std::ostringstream entry;
+    entry << name << base << std::uppercase << property.get();
+    journal.push_back(entry.str());
+  });
+}
+
+constexpr int dataPin = 1 << 5;  ///< of the serial line, on either board
+
+struct InJournal {
+  explicit InJournal(Journal& journal) : journal_(journal) {}
+  Journal& journal_;
+};
+
 /// Registers that remember: "r378" for a read, "w378=20" for a write, both in hexadecimal, and
 /// "z1" for a wait of 1 ms.
-class JournalPort : public platform::PortRegisters, public platform::Sleeper {
+class JournalPort : public platform::PortRegisters, public platform::Sleeper, InJournal {
  public:
-  explicit JournalPort(Journal& journal) : journal_(journal) {}
+  using InJournal::InJournal;
 
   std::uint8_t DlPortReadPortUchar(std::int32_t address) override {
     journal_.push_back("r" + hex(address));
@@ -49,22 +69,21 @@ class JournalPort : public platform::PortRegisters, public platform::Sleeper {
     journal_.push_back("z" + std::to_string(milliseconds));
     time += std::chrono::milliseconds(milliseconds) + late;
   }
+  void bePunctual(bool on) override { punctual = on; }
   std::chrono::nanoseconds now() const override { return time; }
 
+  bool punctual = false;  ///< whether waits should now be as exact as they can
   std::chrono::nanoseconds time{};
   std::chrono::nanoseconds late{};  ///< by this much every wait takes longer than asked
   std::map<std::int32_t, std::uint8_t> values;
   long writesThatReach = -1;  ///< a port; -1: all
   long vanished = 0;
-
- private:
-  Journal& journal_;
 };
 
 /// Boxes: "box 52: text", answered from a list; with the list empty, Yes or OK by the style.
-class JournalBoxes : public platform::MessageBox {
+class JournalBoxes : public platform::MessageBox, InJournal {
  public:
-  explicit JournalBoxes(Journal& journal) : journal_(journal) {}
+  using InJournal::InJournal;
 
   platform::BoxAnswer MsgBox(const std::string& text, int style) override {
     journal_.push_back("box " + std::to_string(style) + ": " + text);
@@ -80,9 +99,6 @@ class JournalBoxes : public platform::MessageBox {
 
   std::deque<platform::BoxAnswer> answers;
   std::function<void()> whileOpen;
-
- private:
-  Journal& journal_;
 };
 
 /// The port of every entry in the state that a test gives it; "open 378" for a new try.
@@ -116,9 +132,9 @@ class JournalStates : public platform::PortStates {
 };
 
 /// Remedies: "remedy text: command"; tried again as often as a test says.
-class JournalRemedies : public platform::RemedyBox {
+class JournalRemedies : public platform::RemedyBox, InJournal {
  public:
-  explicit JournalRemedies(Journal& journal) : journal_(journal) {}
+  using InJournal::InJournal;
 
   bool show(const platform::Remedy& remedy) override {
     journal_.push_back("remedy " + remedy.text + ": " + remedy.command);
@@ -126,15 +142,12 @@ class JournalRemedies : public platform::RemedyBox {
   }
 
   int retries = 0;
-
- private:
-  Journal& journal_;
 };
 
 /// A dialog in which a path is chosen, or Cancel while there is none: "open Filter FileName".
-class JournalDialog : public platform::FileDialog {
+class JournalDialog : public platform::FileDialog, InJournal {
  public:
-  explicit JournalDialog(Journal& journal) : journal_(journal) {}
+  using InJournal::InJournal;
 
   std::optional<std::string> path;
   std::function<void()> whileOpen;
@@ -149,14 +162,12 @@ class JournalDialog : public platform::FileDialog {
     choose(*path);
     return platform::Failure::None;
   }
-
-  Journal& journal_;
 };
 
 /// Settings in memory: "get Section.Key" and "set Application/Section.Key=value".
-class JournalSettings : public platform::SettingsStore {
+class JournalSettings : public platform::SettingsStore, InJournal {
  public:
-  explicit JournalSettings(Journal& journal) : journal_(journal) {}
+  using InJournal::InJournal;
 
   std::string GetSetting(const std::string& /*application*/, const std::string& section,
                          const std::string& key, const std::string& fallback) override {
@@ -171,91 +182,55 @@ class JournalSettings : public platform::SettingsStore {
   }
 
   std::map<std::string, std::string> values;
-
- private:
-  Journal& journal_;
 };
 
-inline constexpr std::size_t bitEntries = 7;
+/// What is written, or 0.
+inline int levelsOf(const std::string& entry) {
+  return static_cast<int>(std::strtol(entry.c_str() + entry.find('=') + 1, nullptr, 16));
+}
 
-/// The entries of one bit on the serial line, from these levels of the data register on,
-/// which it moves on.
-inline Journal bitOnLine(const std::string& address, int& levels, bool high, int clockBit) {
-  constexpr int dataPin = 1 << 5;
-  const int clockPin = 1 << clockBit;
-  const int data = (levels & ~dataPin) | (high ? dataPin : 0);
-  levels = data & ~clockPin;
-  Journal entries{"r" + address};
-  for (const int phase : {data, data | clockPin, levels}) {
-    entries.push_back("w" + address + "=" + hex(phase));
-    entries.emplace_back("z1");
+/// The journal of a byte on the serial line from these levels of the data register on, which it
+/// moves on: for each bit a read, then the data pin set, the clock pin up and down, a wait of 1 ms
+/// behind each.
+inline Journal byteOnLine(const std::string& address, int& levels, int byte, int clockPin) {
+  Journal entries;
+  for (int n = 0; n < 8; ++n) {
+    const int data = (levels & ~dataPin) | ((byte >> n & 1) != 0 ? dataPin : 0);
+    levels = data & ~clockPin;
+    entries.push_back("r" + address);
+    for (const int phase : {data, data | clockPin, levels}) {
+      entries.insert(entries.end(), {"w" + address + "=" + hex(phase), "z1"});
+    }
   }
   return entries;
 }
 
-/// The journal of bytes sent on the serial line from this state of the data register, least
-/// significant bit first; gives the state afterwards.
-inline std::uint8_t expectBytes(Journal& journal, const std::string& address, std::uint8_t state,
-                                int /*dataBit*/, int clockBit, const std::vector<int>& bytes) {
-  int levels = state;
-  for (const int byte : bytes) {
-    for (int n = 0; n < 8; ++n) {
-      for (const auto& entry : bitOnLine(address, levels, (byte >> n & 1) != 0, clockBit)) {
-        journal.push_back(entry);
-      }
-    }
-  }
-  return static_cast<std::uint8_t>(levels);
-}
-
-/// The byte that begins at this entry, if one does, from these levels on, which it moves on.
-inline std::optional<int> byteOnLine(const Journal& raw, std::size_t at, int& levels,
-                                     int clockBit) {
-  int byte = 0, present = levels;
-  if (raw.size() - at < 8 * bitEntries) return {};
-  for (int bit = 0; bit < 8; ++bit) {
-    bool found = false;
-    for (const bool high : {false, true}) {
-      int next = present;
-      const Journal entries = bitOnLine(raw[at].substr(1), next, high, clockBit);
-      const auto from = raw.begin() + static_cast<std::ptrdiff_t>(at);
-      if (found || !std::equal(entries.begin(), entries.end(), from)) continue;
-      at += entries.size();
-      byte |= static_cast<int>(high) << bit;
-      present = next;
-      found = true;
-    }
-    if (!found) return {};
-  }
-  levels = present;
-  return byte;
-}
-
 /// The journal with the bytes on the serial line as decimal numbers, "99 0 16", in the place of
-/// their register accesses. A byte is only what is one exactly, from the levels last written
-/// (0 ahead of the first write): each bit a read, the data pin set, the clock pin up and down, a
-/// wait of 1 ms behind each write, no other pin moved. All else stays as it stands.
-inline Journal decoded(const Journal& raw, int clockBit = 7) {
+/// their register accesses. A byte is only what is one exactly, from the levels last written (0
+/// ahead of the first write), no other pin moved. All else stays as it stands.
+inline Journal decoded(const Journal& raw, int clockPin = 1 << 7) {
+  constexpr std::ptrdiff_t perBit = 7;
   Journal text;
   std::map<std::string, int> levels;
   bool goesOn = false;
-  for (std::size_t at = 0; at < raw.size();) {
-    const std::string& entry = raw[at];
-    std::optional<int> byte;
-    if (entry.starts_with('r')) byte = byteOnLine(raw, at, levels[entry.substr(1)], clockBit);
-    if (byte) {
-      if (!goesOn) text.emplace_back();
-      text.back() += (goesOn ? " " : "") + std::to_string(*byte);
-      at += 8 * bitEntries;
-    } else {
-      const std::size_t sign = entry.find('=');
-      if (entry.starts_with('w')) {
-        levels[entry.substr(1, sign - 1)] = std::stoi(entry.substr(sign + 1), nullptr, 16);
-      }
-      text.push_back(entry);
-      ++at;
+  for (auto at = raw.begin(); at != raw.end();) {
+    const std::string address = at->substr(std::min<std::size_t>(at->size(), 1), at->find('=') - 1);
+    int byte = 0, after = levels[address];
+    const bool fits = at->starts_with('r') && raw.end() - at >= 8 * perBit;
+    for (int n = 0; fits && n < 8; ++n) {
+      byte |= (levelsOf(at[1 + n * perBit]) & dataPin ? 1 : 0) << n;
     }
-    goesOn = byte.has_value();
+    const Journal entries = fits ? byteOnLine(address, after, byte, clockPin) : Journal();
+    const bool isByte = fits && std::equal(entries.begin(), entries.end(), at);
+    if (isByte) {
+      if (!goesOn) text.emplace_back();
+      text.back() += (goesOn ? " " : "") + std::to_string(byte);
+    } else {
+      text.push_back(*at);
+    }
+    levels[address] = isByte ? after : at->starts_with('w') ? levelsOf(*at) : levels[address];
+    at += isByte ? std::ssize(entries) : 1;
+    goesOn = isByte;
   }
   return text;
 }

@@ -22,18 +22,10 @@ struct Program {
   FaultyFiles files;
   host::Windows1250 codePage;
   platform::ProgramIdentity identity{"Monitra Setup", scratch.path(), "Monitra Setup", 2, 2, 0};
-  shell::Outside outside{registers,
-                         ports,
-                         registers,
-                         box,
-                         remedies,
-                         dialog,
-                         files,
-                         codePage,
-                         settings,
-                         identity,
-                         [this] { journal.emplace_back("beep"); },
-                         [this] { journal.emplace_back("end"); }};
+  std::function<void()> beep = [this] { journal.emplace_back("beep"); };
+  std::function<void()> end = [this] { journal.emplace_back("end"); };
+  shell::Outside outside{registers, ports,    registers, box,      remedies, dialog,
+                         files,     codePage, settings,  identity, beep,     end};
   shell::Lap lap{outside};
 };
 

@@ -1,13 +1,29 @@
 #pragma once
 
 #include <QTest>
+#include <QtWidgets>
 #include <gtest/gtest.h>
-#include <memory>
 
 #include "desktop/main_window.h"
 #include "support/program.h"
 
+/// For the words of a failure.
+inline void PrintTo(const QString& text, std::ostream* out) {
+  *out << '"' << text.toStdString() << '"';
+}
+
 namespace monitra::support {
+
+/// Counts the events of a type that an object gets from now on.
+template <QEvent::Type type>
+struct EventCount : QObject {
+  explicit EventCount(QObject* watched) { watched->installEventFilter(this); }
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == type) ++count;
+    return false;
+  }
+  int count = 0;
+};
 
 /// The started program in its real window, which is active; the journal begins behind the start.
 struct Window : testing::Test, Program {
@@ -23,11 +39,19 @@ struct Window : testing::Test, Program {
     window->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
   }
-  template <class Widget>
-  Widget* find(const char* name) {
-    auto* const widget = window->findChild<Widget*>(QString::fromUtf8(name));
-    EXPECT_NE(widget, nullptr) << name;
-    return widget;
+  /// The widget, menu or action of this name.
+  template <class Object>
+  Object* find(const char* name) {
+    auto* const found = dynamic_cast<Object*>(window->findChild<QObject*>(QString::fromUtf8(name)));
+    EXPECT_NE(found, nullptr) << name;
+    return found;
+  }
+  QWidget* widget(const QString& name) { return find<QWidget>(qPrintable(name)); }
+  /// Puts a tab on top; what that sends is no part of the journal.
+  void showTab(int tab) {
+    find<QTabWidget>("SSTab1")->setCurrentIndex(tab);
+    QApplication::processEvents();
+    journal.clear();
   }
 
   std::unique_ptr<desktop::MainWindow> window;

@@ -20,18 +20,13 @@ std::int32_t entry() {
 
 using support::PortContract;
 
-INSTANTIATE_TEST_SUITE_P(
-    Real, PortContract,
-    testing::Values(support::PortUnderTest{"kernel",
-                                           [] {
-                                             return std::make_unique<ports::RealPorts>(
-                                                 ports::Ways::KernelOnly);
-                                           },
-                                           {entry()}},
-                    support::PortUnderTest{
-                        "raw",
-                        [] { return std::make_unique<ports::RealPorts>(ports::Ways::RawOnly); },
-                        {entry()}}));
+support::PortUnderTest real(const char* name, ports::Ways ways) {
+  return {name, [ways] { return std::make_unique<ports::RealPorts>(ways); }, {entry()}};
+}
+
+INSTANTIATE_TEST_SUITE_P(Real, PortContract,
+                         testing::Values(real("kernel", ports::Ways::KernelOnly),
+                                         real("raw", ports::Ways::RawOnly)));
 
 struct RealPort : testing::Test {
   Kind kind() { return port.state(entry()).kind; }
@@ -59,9 +54,6 @@ TEST_F(RealPort, IsFoundWhenItAppearsAndLostWhenItGoesAndFoundAgain) {
   write(0x44);
   EXPECT_EQ(kind(), Kind::Lost);
   EXPECT_EQ(read(), 0x44);
-  pause();
-  write(0x55);
-  EXPECT_EQ(kind(), Kind::Lost);
   script("/guest/bring-port");
   pause();
   write(0x66);
@@ -76,15 +68,6 @@ TEST_F(RealPort, IsNeverReplacedByAnother) {
   write(0x22);
   EXPECT_EQ(kind(), Kind::Lost);
   EXPECT_EQ(port.vanished(), 1);
-}
-
-TEST_F(RealPort, TwoInOneProgramDoNotShareAPort) {
-  write(0);
-  EXPECT_EQ(kind(), Kind::Kernel);
-  ports::RealPorts second(ports::Ways::RawOnly);
-  second.DlPortWritePortUchar(entry(), 0xFF);
-  EXPECT_EQ(second.state(entry()).kind, Kind::Busy);
-  EXPECT_EQ(read(), 0);
 }
 
 TEST_F(RealPort, LeavesTheSpindleOn) {

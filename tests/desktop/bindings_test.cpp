@@ -1,0 +1,236 @@
+#include <set>
+
+#include "desktop/led_bar.h"
+#include "desktop/spin_arrows.h"
+#include "desktop/text.h"
+#include "shell/window_controls.h"
+#include "support/window.h"
+
+namespace monitra::desktop {
+namespace {
+
+/// A control and its widget, which must show what the program sets and tell what the user does. A
+/// counter takes the place of what the program does at the control's event.
+struct Pair {
+  QObject* widget;
+  int& events;
+  std::function<void()> counter = [&count = events] { ++count; };
+
+  template <class Widget>
+  Widget& as() const {
+    return dynamic_cast<Widget&>(*widget);
+  }
+  /// The widget's own property follows the control's.
+  void shows(auto& property, const auto& value, const char* shown) {
+    property = value;
+    EXPECT_EQ(widget->property(shown), QVariant(value)) << shown;
+  }
+  /// And the control's follows the widget's, as a screen reader sets it.
+  void mirrors(auto& property, const auto& value, const char* shown, const auto& other) {
+    property.handle(counter);
+    shows(property, value, shown);
+    EXPECT_EQ(std::exchange(events, 0), 1);
+    widget->setProperty(shown, QVariant(other));
+    EXPECT_EQ(std::exchange(events, 0), 1);
+    EXPECT_EQ(property.get(), other);
+    EXPECT_EQ(widget->property(shown), QVariant(other)) << shown;
+  }
+  void isChecked(auto& control, controls::Property<bool>& value) {
+    mirrors(value, true, "checked", false);
+    control.Enabled = false;
+    widget->setProperty("checked", true);
+    EXPECT_FALSE(value || widget->property("checked").toBool()) << "the control decides";
+  }
+
+  void operator()(auto /*what only shows its words, or is drawn*/) const {}
+  void operator()(controls::ToggleButton* button) { isChecked(*button, button->Value); }
+  void operator()(controls::CheckBox* box) {
+    shows(box->Caption, "felirat", "text");
+    isChecked(*box, box->Checked);
+  }
+  void operator()(controls::Label* label) {
+    shows(label->Caption, "<b>&c", "text");
+    EXPECT_EQ(as<QLabel>().textFormat(), Qt::PlainText);
+    label->Visible = !label->Visible;
+    EXPECT_EQ(as<QLabel>().isHidden(), !label->Visible);
+    for (const bool isSet : {true, false}) {
+      label->BackColor = isSet ? controls::colour::red : controls::colour::buttonFace;
+      const QColor own = QApplication::palette().color(QPalette::Window);
+      EXPECT_EQ(as<QLabel>().palette().color(QPalette::Window), isSet ? QColor(255, 0, 0) : own);
+      EXPECT_EQ(as<QLabel>().autoFillBackground(), isSet);
+    }
+  }
+  void operator()(controls::TextBox* box) {
+    auto* const line = dynamic_cast<QLineEdit*>(widget);
+    if (line == nullptr) return shows(box->Text, "12", "plainText");
+    box->ForeColor = controls::colour::yellow;
+    EXPECT_EQ(line->palette().color(QPalette::Text), QColor(255, 255, 0));
+    EXPECT_FALSE(line->acceptDrops());
+    EXPECT_EQ(line->alignment() & Qt::AlignHCenter, Qt::AlignHCenter);
+    if (!box->Locked) mirrors(box->Text, "12", "text", "34");
+    QTest::keyClicks(line, "56");
+    EXPECT_EQ(events, box->Locked ? 0 : 2);
+    shows(box->Text, "12", "text");
+    if (!box->Locked) return;
+    line->setText("34");
+    EXPECT_EQ(line->text(), "12");
+  }
+  void operator()(controls::SpinButton* spin) {
+    auto& arrows = as<SpinArrows>();
+    for (auto* const event : {&spin->SpinUp, &spin->SpinDown}) event->handle({});
+    spin->Value = 100;
+    EXPECT_EQ(arrows.value(), 100);
+    emit arrows.upPressed();
+    EXPECT_EQ(arrows.value(), 101);
+    emit arrows.downPressed();
+    emit arrows.downPressed();
+    EXPECT_EQ(arrows.value(), 99);
+  }
+  void operator()(controls::PushButton* button) {
+    // Disabled for the length of its press, it has the focus again.
+    button->Click.handle([&] {
+      button->Enabled = false;
+      button->Enabled = ++events == 1;
+    });
+    as<QWidget>().setFocus();
+    as<QPushButton>().click();
+    EXPECT_TRUE(as<QWidget>().hasFocus());
+    EXPECT_EQ(events, 1);
+    button->Click.handle({});
+  }
+  void operator()(controls::OptionButton* option) {
+    for (auto* const other : option->others) other->Click.handle({});
+    option->others[0]->Value = true;
+    option->Click.handle(counter);
+    EXPECT_EQ(widget->property("checked"), false);
+    widget->setProperty("checked", true);
+    EXPECT_TRUE(option->Value);
+    EXPECT_EQ(events, 1);
+    option->others[0]->Value = true;
+    shows(option->Value, true, "checked");
+  }
+  void operator()(controls::PickList* list) {
+    if (auto* const box = dynamic_cast<QComboBox*>(widget)) {
+      shows(list->ListIndex, 1, "currentIndex");
+      QTest::keyClick(box, Qt::Key_End);
+      EXPECT_EQ(list->ListIndex, box->count() - 1);
+      return;
+    }
+    mirrors(list->ListIndex, 1, "currentRow", 2);
+    auto& rows = as<QListWidget>();
+    rows.item(0)->setSelected(true);  // beside the other one, as a screen reader does
+    EXPECT_EQ(list->ListIndex, 0);
+    rows.item(0)->setSelected(false);  // as a click with the control key does
+    EXPECT_EQ(rows.selectedItems(), QList<QListWidgetItem*>{rows.item(0)});
+  }
+  void operator()(controls::ProgressBar* bar) { shows(bar->Value, 62.0, "value"); }
+  void operator()(controls::LedMeter* meter) const {
+    meter->Level = 8;
+    EXPECT_EQ(as<LedBar>().level(), 8);
+  }
+  void operator()(controls::TabStrip* tabs) { mirrors(tabs->Tab, 2, "currentIndex", 1); }
+  void operator()(controls::MenuEntry* entry) {
+    auto& action = as<QAction>();
+    entry->Click.handle(counter);
+    for (const bool checked : {false, true}) {
+      entry->Checked = checked;
+      EXPECT_EQ(action.isChecked(), checked && action.isCheckable());
+    }
+    if (!action.isEnabled()) return;
+    action.trigger();
+    EXPECT_EQ(action.isChecked(), action.isCheckable()) << "the program decides";
+    EXPECT_EQ(events, 1);
+    shows(entry->Enabled, false, "enabled");
+  }
+};
+
+struct Bindings : testing::Test, support::Program {
+  void checkEntry(const shell::MenuDescription& entry, const QString& menu);
+  void checkDescribed(const shell::ControlDescription& entry, const QString& name);
+  void check(const QString& name, const shell::AnyControl& control);
+
+  MainWindow window{lap};
+  std::set<QString> spoken;
+  int events = 0;
+};
+
+/// Its words and its state ahead of the start-up.
+void Bindings::checkDescribed(const shell::ControlDescription& entry, const QString& name) {
+  const auto found = window.findChildren<QWidget*>(name);
+  ASSERT_EQ(found.size(), 1);
+  QWidget* const shown = found.front();
+  QString caption = shown->property(shown->inherits("QGroupBox") ? "title" : "text").toString();
+  if (!entry.caption.empty()) {
+    EXPECT_EQ(caption.remove(QRegularExpression("&(?=\\w)")).toStdString(), entry.caption);
+  }
+  EXPECT_EQ(shown->toolTip().toStdString(), entry.tooltip);
+  EXPECT_EQ(shown->isEnabled(), entry.state != shell::State::Disabled);
+  EXPECT_EQ(shown->isVisibleTo(shown->parentWidget()), entry.state != shell::State::Hidden);
+  EXPECT_EQ(shown->property("checked").toBool(), entry.state == shell::State::Selected);
+  const auto* const access = QAccessible::queryAccessibleInterface(shown);
+  const QString called = access->text(QAccessible::Name);
+  EXPECT_FALSE(called.isEmpty());
+  if (shown->focusPolicy() == Qt::NoFocus || entry.kind == shell::Kind::TabStrip) return;
+  EXPECT_TRUE(spoken.insert(called).second) << "what can be operated has a name of its own";
+  EXPECT_FALSE(access->text(QAccessible::Description).isEmpty());
+}
+
+void Bindings::check(const QString& name, const shell::AnyControl& control) {
+  events = 0;
+  auto* const shown = window.findChild<QObject*>(name);
+  const auto exercise = [&](auto known) {
+    if constexpr (requires { known->Enabled; }) {
+      for (const bool enabled : {false, true}) {
+        if (!shown->isWidgetType()) continue;
+        known->Enabled = enabled;
+        EXPECT_EQ(shown->property("enabled"), enabled);
+      }
+    }
+    Pair{shown, events}(known);
+  };
+  std::visit(exercise, control);
+}
+
+/// Its words, its mark and the menu that it opens from.
+void Bindings::checkEntry(const shell::MenuDescription& entry, const QString& menu) {
+  const auto* const named = window.findChild<QObject*>(toQt(entry.name));
+  const auto* const submenu = qobject_cast<const QMenu*>(named);
+  const auto* const action = submenu ? submenu->menuAction() : qobject_cast<const QAction*>(named);
+  EXPECT_EQ(action->isSeparator() ? "-" : action->text().toStdString(), entry.caption);
+  EXPECT_EQ(action->isCheckable() + action->isChecked(), static_cast<int>(entry.mark));
+  EXPECT_EQ(action->isEnabled(), !entry.name.starts_with("MBK"));
+  EXPECT_EQ(action->associatedObjects().front()->objectName(), menu);
+}
+
+TEST_F(Bindings, EveryControlIsAsDescribedShowsItsModelAndTellsItWhatTheUserDoes) {
+  QStringList opened(5, window.menuBar()->objectName());
+  for (const shell::MenuDescription& entry : shell::menuTree()) {
+    SCOPED_TRACE(std::string(entry.name));
+    opened[entry.level] = toQt(entry.name);
+    checkEntry(entry, opened[entry.level - 1]);
+  }
+  for (int n = 0; n < 9; ++n) lap.port.Bitcim[n].Caption = std::to_string(n);
+  window.show();
+  for (const bool started : {false, true}) {
+    if (started) lap.Form_Load();
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    for (const shell::ControlDescription& entry : shell::windowControls()) {
+      for (int n = 0; n < std::max(entry.elements.count, 1); ++n) {
+        const int index = entry.elements.first + n;
+        const QString name = objectName(entry.name, index);
+        SCOPED_TRACE(name.toStdString());
+        started ? check(name, shell::controlOf(lap, entry.name, index))
+                : checkDescribed(entry, name);
+      }
+    }
+  }
+  for (const shell::MenuDescription& entry : shell::menuTree()) {
+    SCOPED_TRACE(std::string(entry.name));
+    const shell::AnyControl control = shell::controlOf(lap, entry.name);
+    if (control.index() != 0) check(objectName(entry.name, -1), control);
+  }
+}
+
+}  // namespace
+}  // namespace monitra::desktop
