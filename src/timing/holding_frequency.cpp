@@ -31,17 +31,10 @@ HoldingFrequency::HoldingFrequency(const Kozos& kozos, SetupPanel& panel, Timing
 void HoldingFrequency::FolLe_SpinDown(int Index) {
   if (!couples(Index)) return;
   const int partner = partnerOf(Index);
-  controls::Property<std::string>& text = panel_.box(partner).Text;
-  if (text.get() == "255") {
+  if (panel_.box(partner).Text.get() == "255") {
     Beep_();
   } else {
-    text = Levag(partnerNumber(Index, +1), digits);
-    if (Ertek(text.get()) == 256) {
-      panel_.FolLe[partner].Value = 255;
-      text = "255";
-    } else {
-      panel_.FolLe[partner].Value = wholeNumber(Ertek(text.get()));
-    }
+    setPartner(partner, partnerNumber(Index, +1));
   }
   if (panel_.box(Index).Text.get() == "1") Beep_();
 }
@@ -49,14 +42,22 @@ void HoldingFrequency::FolLe_SpinDown(int Index) {
 void HoldingFrequency::FolLe_SpinUp(int Index) {
   if (!couples(Index)) return;
   const int partner = partnerOf(Index);
-  controls::Property<std::string>& text = panel_.box(partner).Text;
-  if (text.get() == "1") {
+  if (panel_.box(partner).Text.get() == "1") {
     Beep_();
   } else {
-    text = Levag(partnerNumber(Index, -1), digits);
-    panel_.FolLe[partner].Value = wholeNumber(Ertek(text.get()));
+    setPartner(partner, partnerNumber(Index, -1));
   }
   if (panel_.box(Index).Text.get() == "255") Beep_();
+}
+
+void HoldingFrequency::setPartner(int partner, double number) {
+  controls::Property<std::string>& text = panel_.box(partner).Text;
+  controls::BoundedProperty& value = panel_.FolLe[partner].Value;
+  text = Levag(number, digits);
+  const double shown = Ertek(text.get());
+  value = wholeNumber(shown);
+  // A file may have brought another spelling of the limit, from which the value doesn't move.
+  if (shown < value.min() || shown > value.max()) fields_.FolLe_Change(partner);
 }
 
 void HoldingFrequency::MBTallando_Click() {

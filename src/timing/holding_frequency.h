@@ -27,6 +27,8 @@ class HoldingFrequency {
   bool couples(int Index) const;
   /// What the partner is to be where the moved field goes one way and the partner step the other.
   double partnerNumber(int Index, int step) const;
+  /// The partner's text first, then its value; where that takes its limit the text shows it.
+  void setPartner(int partner, double number);
 
   const Kozos& kozos_;
   SetupPanel& panel_;

@@ -169,14 +169,22 @@ TEST_F(Presses, MoveTheirFieldAndWithConstantFrequencyThePartnerAheadOfItTheOthe
   }
 }
 
-TEST_F(Timing, APartnerThatAFileLeftInAnotherSpellingMovesAsItsNumberDoes) {
-  for (const auto& [left, moved] :
-       {std::pair("0255", "255 255"), std::pair("024", "25 25"), std::pair("24.5", "25 25")}) {
+TEST_F(Timing, APartnerThatAFileLeftInAnotherSpellingMovesAsItsNumberDoesAndKeepsItsLimit) {
+  for (const auto& [left, up, moved] : {std::tuple("0255", false, "255 255"),
+                                        {"255.4", false, "255 255"},
+                                        {"024", false, "25 25"},
+                                        {"24.5", false, "25 25"},
+                                        {"01", true, "1 1"},
+                                        {"1.4", true, "1 1"}}) {
     panel.FolLe[T3Y].Value = wholeNumber(Ertek(left));
     panel.T3[T3Y].Text = left;
+    panel.FolLe[T2Y].Value = up ? 255 : 1;
     fields.MindFrissit();
-    panel.FolLe[T2Y].pressDown();
+    up ? panel.FolLe[T2Y].pressUp() : panel.FolLe[T2Y].pressDown();
     EXPECT_EQ(panel.T3[T3Y].Text.get() + " " + decimalText(panel.FolLe[T3Y].Value), moved) << left;
+    const Journal shown = captions();
+    fields.MindFrissit();
+    EXPECT_TRUE(same(shown, captions())) << left;
   }
 }
 
