@@ -19,7 +19,6 @@
 #include "host/pacer.h"
 #include "host/windows1250.h"
 #include "settings/json_settings.h"
-#include "shell/event_texts.h"
 
 namespace monitra::apps {
 
@@ -60,7 +59,6 @@ int run(int argc, char** argv, const WindowProgram& program) {
                   settings, identity, [] { QApplication::beep(); },
                   [] { std::_Exit(EXIT_SUCCESS); }});
   lap.Form_Load();
-  if (settings.isDamaged(identity.EXEName)) lap.Esemeny.Caption = shell::damagedPreferencesText();
   const desktop::EndWatch watch([&lap] { lap.endWithoutQuestion(); });
   desktop::MainWindow window(lap);
   box.setParent(&window);

@@ -77,6 +77,11 @@ class HostReader : public platform::ByteReader {
   Descriptor file_;
 };
 
+/// Whether fsync has nothing to do there, as with a pipe.
+bool cannotBeSynchronised(int error) {
+  return error == EINVAL || error == ENOTSUP;
+}
+
 class HostWriter : public platform::ByteWriter {
  public:
   explicit HostWriter(Descriptor file) : file_(std::move(file)) {}
@@ -91,7 +96,12 @@ class HostWriter : public platform::ByteWriter {
     return Failure::None;
   }
 
-  Failure close() override { return file_.close(); }
+  Failure close() override {
+    const bool kept = ::fsync(file_.get()) == 0 || cannotBeSynchronised(errno);
+    const Failure lost = kept ? Failure::None : failureOf(errno);
+    const Failure closed = file_.close();
+    return lost != Failure::None ? lost : closed;
+  }
 
  private:
   Descriptor file_;
@@ -158,6 +168,10 @@ Failure HostFiles::createForWriting(const std::string& path,
   std::error_code error;
   const bool folder = failure == Failure::FileExists && std::filesystem::is_directory(path, error);
   return folder ? Failure::PathFileAccess : failure;
+}
+
+Failure HostFiles::remove(const std::string& path) {
+  return ::unlink(path.c_str()) == 0 ? Failure::None : failureOf(errno);
 }
 
 }  // namespace monitra::host

@@ -14,6 +14,7 @@ class HostFiles : public platform::Files {
                                    std::unique_ptr<platform::ByteWriter>& file) override;
   platform::Failure createForWriting(const std::string& path,
                                      std::unique_ptr<platform::ByteWriter>& file) override;
+  platform::Failure remove(const std::string& path) override;
 };
 
 }  // namespace monitra::host

@@ -25,7 +25,8 @@ class ByteWriter {
   /// The bytes have been handed to the system when the call returns Failure::None.
   virtual Failure write(std::string_view bytes) = 0;
 
-  /// A failure here means that what was written may not all be in the file.
+  /// What was written is kept by the device, not only by the system, when the call returns
+  /// Failure::None; otherwise it may not all be in the file.
   virtual Failure close() = 0;
 };
 
@@ -45,6 +46,9 @@ class Files {
 
   /// Failure::FileExists, and nothing changed, if there is anything at the path but a folder.
   virtual Failure createForWriting(const std::string& path, std::unique_ptr<ByteWriter>& file) = 0;
+
+  /// A folder stays.
+  virtual Failure remove(const std::string& path) = 0;
 };
 
 /// The single-byte code page of text files. Every byte has a character and comes back from it.

@@ -1,11 +1,15 @@
 #include "settings/json_settings.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
-#include <sstream>
+#include <pwd.h>
+#include <string_view>
 #include <system_error>
+#include <unistd.h>
+
+#include "settings/small_file.h"
 
 namespace monitra::settings {
 
@@ -13,69 +17,86 @@ namespace {
 
 using Json = nlohmann::json;
 
-/// The file's content, or something that is no object if it can't be made out.
-Json read(const std::string& path) {
-  std::ostringstream content;
-  content << std::ifstream(path).rdbuf();
-  return Json::parse(content.str(), nullptr, false);
+/// What a file holds; an object of settings only if it is usable.
+struct Stored {
+  enum class Kind { None, Usable, Damaged, Unreadable };
+  Kind kind;
+  Json settings = Json::object();
+};
+
+Stored load(const std::string& path) {
+  std::string content;
+  switch (readSmallFile(path, content)) {
+    case 0:
+      break;
+    case ENOENT:
+      return {Stored::Kind::None};
+    case EFBIG:
+    case EINVAL:
+      return {Stored::Kind::Damaged};
+    default:
+      return {Stored::Kind::Unreadable};
+  }
+  // Settings are two levels deep; what is far deeper would exhaust the stack.
+  constexpr int deepest = 16;
+  const auto shallow = [](int depth, Json::parse_event_t, const Json&) { return depth < deepest; };
+  Json settings = Json::parse(content, shallow, false);
+  if (!settings.is_object()) return {Stored::Kind::Damaged};
+  return {Stored::Kind::Usable, std::move(settings)};
 }
 
-/// The usable settings of a file.
-Json load(const std::string& path) {
-  Json settings = read(path);
-  return settings.is_object() ? settings : Json::object();
-}
-
-bool store(const std::string& path, const Json& settings) {
-  std::ofstream file(path, std::ios::trunc);
-  file << settings.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
-  file.close();
-  return file.good();
+/// Where the file really is, so that a link to it stays one.
+std::string behindLinks(const std::string& path) {
+  std::error_code error;
+  const std::filesystem::path real = std::filesystem::canonical(path, error);
+  return error ? path : real.string();
 }
 
 }  // namespace
 
 std::string JsonSettings::GetSetting(const std::string& application, const std::string& section,
                                      const std::string& key, const std::string& fallback) {
-  const Json settings = load(path(application));
+  const Json settings = load(path(application)).settings;
   const auto entries = settings.find(section);
   if (entries == settings.end() || !entries->is_object()) return fallback;
   const auto entry = entries->find(key);
   return entry != entries->end() && entry->is_string() ? entry->get<std::string>() : fallback;
 }
 
-void JsonSettings::SaveSetting(const std::string& application, const std::string& section,
-                               const std::string& key, const std::string& value) {
-  const std::string file = path(application);
-  const std::string fresh = file + ".new";
-  Json settings = load(file);
-  if (!settings[section].is_object()) settings[section] = Json::object();
-  settings[section][key] = value;
+void JsonSettings::SaveSettings(const std::string& application, const std::string& section,
+                                const Entries& entries) {
+  if (folder_.empty()) return;
   std::error_code error;
-  if (isDamaged(application)) std::filesystem::rename(file, file + ".bad", error);
   std::filesystem::create_directories(folder_, error);
-  if (store(fresh, settings)) {
-    std::filesystem::rename(fresh, file, error);
-  } else {
-    std::filesystem::remove(fresh, error);
-  }
+  const FolderLock lock(folder_);
+  const std::string file = behindLinks(path(application));
+  Stored stored = load(file);
+  if (stored.kind == Stored::Kind::Unreadable) return;
+  Json& values = stored.settings[section];
+  if (!values.is_object()) values = Json::object();
+  for (const auto& [key, value] : entries) values[key] = value;
+  if (stored.kind == Stored::Kind::Damaged) std::filesystem::rename(file, file + ".bad", error);
+  replaceFile(file, stored.settings.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
 }
 
-bool JsonSettings::isDamaged(const std::string& application) const {
-  const std::string file = path(application);
-  std::error_code error;
-  return std::filesystem::exists(file, error) && !read(file).is_object();
+bool JsonSettings::isDamaged(const std::string& application) {
+  const Stored::Kind kind = load(path(application)).kind;
+  return kind == Stored::Kind::Damaged || kind == Stored::Kind::Unreadable;
 }
 
 std::string JsonSettings::path(const std::string& application) const {
-  return folder_ + "/" + application + ".json";
+  return folder_.empty() ? std::string{} : folder_ + "/" + application + ".json";
 }
 
 std::string userSettingsFolder() {
   const char* const config = std::getenv("XDG_CONFIG_HOME");
   if (config != nullptr && config[0] == '/') return std::string(config) + "/monitra";
-  const char* const home = std::getenv("HOME");
-  return std::string(home != nullptr ? home : "") + "/.config/monitra";
+  const char* home = std::getenv("HOME");
+  if (home == nullptr || home[0] != '/') {
+    const passwd* const user = ::getpwuid(::getuid());
+    home = user != nullptr ? user->pw_dir : nullptr;
+  }
+  return home != nullptr && home[0] == '/' ? std::string(home) + "/.config/monitra" : std::string{};
 }
 
 }  // namespace monitra::settings

@@ -11,11 +11,50 @@ namespace monitra::shell {
 
 using platform::Failure;
 
+namespace {
+
+/// What a code means, for the end of a sentence.
+std::string meaning(Failure failure) {
+  const std::string code = " (kód:" + timing::numberText(static_cast<int>(failure)) + ").";
+  switch (failure) {
+    case Failure::NotANumber:
+      return "szám helyén más áll" + code;
+    case Failure::LineTooLong:
+      return "túl hosszú sor van benne" + code;
+    case Failure::FileNotFound:
+      return "nincs ilyen fájl" + code;
+    case Failure::FileExists:
+      return "már van ilyen fájl" + code;
+    case Failure::DiskFull:
+      return "a lemez megtelt" + code;
+    case Failure::EndOfFile:
+      return "a fájl idő előtt véget ér" + code;
+    case Failure::PathFileAccess:
+      return "nincs hozzá jog, vagy nem közönséges fájl" + code;
+    case Failure::PathNotFound:
+      return "nincs ilyen mappa" + code;
+    default:
+      return "az eszköz hibát jelzett" + code;
+  }
+}
+
+}  // namespace
+
 std::string openingText(const store::OpenResult& result) {
   std::string text;
-  if (result.failure == Failure::EndOfFile) {
-    text = "A fájl hiányos: " + std::to_string(result.records.size()) + " sor van benne a " +
-           std::to_string(store::pwmRecords) + " helyett. ";
+  switch (result.failure) {
+    case Failure::None:
+    case Failure::Cancel:
+    case Failure::FileNotFound:
+      break;
+    case Failure::EndOfFile:
+      text = "A fájl hiányos: " + std::to_string(result.records.size()) + " sor van benne a " +
+             std::to_string(store::pwmRecords) + " helyett. ";
+      break;
+    default:
+      text = "Nem olvasható be: " + meaning(result.failure);
+      if (result.records.empty()) return text;
+      text += " ";
   }
   if (result.adjusted > 0) text += adjustedText(result.adjusted) + " ";
   return text.empty() ? text : text + "Ellenőrizze a mezőket!";
@@ -25,8 +64,11 @@ std::string adjustedText(int values) {
   return std::to_string(values) + " értéke a tartományán kívül esett, a legközelebbi határt kapta.";
 }
 
-std::string savingText(Failure failure, const std::string& path) {
-  return failure == Failure::None ? "Mentve: " + path : std::string{};
+std::string savingText(Failure failure, const std::string& path, const std::string& copy) {
+  if (failure == Failure::None) return "Mentve: " + path;
+  if (failure == Failure::Cancel) return {};
+  const std::string kept = copy.empty() ? std::string{} : " A fájl előző tartalma itt van: " + copy;
+  return "Nincs elmentve: " + meaning(failure) + kept;
 }
 
 std::string firmwareText(const firmware::ReadResult& result, const firmware::ImageReport& report,
@@ -55,8 +97,7 @@ std::string unreadableText(Failure failure, const std::string& name) {
     case Failure::PathFileAccess:
       return name + ": nem olvasható, mert mappa, vagy nincs hozzá jog.";
     default:
-      return name + ": nem olvasható be, a hiba kódja" +
-             timing::numberText(static_cast<int>(failure)) + ".";
+      return name + ": nem olvasható be: " + meaning(failure);
   }
 }
 
@@ -95,9 +136,19 @@ std::string missingPermitText(bool firstGiven) {
                     : "100% fölé engedély kell: jelölje be az elsőt, ha a táp bírja!";
 }
 
-std::string damagedPreferencesText() {
-  return "A tárolt beállítások sérültek, alapértékek vannak érvényben. Ellenőrizze a portot és a "
-         "panelt!";
+std::string preferencesText(store::Preferences::Standing standing) {
+  using Standing = store::Preferences::Standing;
+  switch (standing) {
+    case Standing::Damaged:
+      return "A tárolt beállítások sérültek, alapértékek vannak érvényben. Ellenőrizze a portot és "
+             "a panelt!";
+    case Standing::NoBoard:
+      return "A tárolt beállítások nem nevezik meg a panelt, a V4.x van érvényben. Válassza ki a "
+             "„Beállítás” menüben!";
+    case Standing::Sound:
+      break;
+  }
+  return {};
 }
 
 }  // namespace monitra::shell

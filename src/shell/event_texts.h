@@ -6,14 +6,17 @@
 #include "firmware/image_check.h"
 #include "link/serial_line.h"
 #include "platform/failure.h"
+#include "store/preferences.h"
 #include "store/setup_files.h"
 
 namespace monitra::shell {
 
-/// What the status line says of an opened or saved Setup file where no box has told it; empty if
-/// there is nothing to say.
+/// What the status line says of an opened or saved file where no box has told it all; empty if
+/// there is nothing to say. The copy is where a failed save has left what the file held before, if
+/// it has.
 std::string openingText(const store::OpenResult& result);
-std::string savingText(platform::Failure failure, const std::string& path);
+std::string savingText(platform::Failure failure, const std::string& path,
+                       const std::string& copy = {});
 
 /// The same of a firmware file that was read: what is wrong with it, or which version it is.
 std::string firmwareText(const firmware::ReadResult& result, const firmware::ImageReport& report,
@@ -39,7 +42,7 @@ std::string generatorText(int interval);
 /// The load test needs a permit to go on: the first one, or where that is given the second.
 std::string missingPermitText(bool firstGiven);
 
-/// To be shown at the start where the stored preferences could not be read.
-std::string damagedPreferencesText();
+/// To be shown at the start where the stored preferences can't be relied on; empty where they can.
+std::string preferencesText(store::Preferences::Standing standing);
 
 }  // namespace monitra::shell

@@ -92,6 +92,7 @@ void Lap::Form_Load() {
   marks.saved();
   port.LPT.ListIndex.observe([this] { showPort(); });
   showPort();
+  Esemeny.Caption = preferencesText(preferences_.standing());
 }
 
 void Lap::loadInfo() {
@@ -189,7 +190,7 @@ void Lap::saveSetup() {
   if (failure != platform::Failure::Cancel) {
     failure == platform::Failure::None ? marks.saved() : marks.notSaved();
   }
-  Esemeny.Caption = savingText(failure, outside_.Fileablak.FileName);
+  Esemeny.Caption = savingText(failure, outside_.Fileablak.FileName, files_.keptCopy());
 }
 
 OpenedFirmware Lap::openFirmware() {

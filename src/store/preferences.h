@@ -24,6 +24,10 @@ class Preferences {
   /// Whether the board is V4.x; V3.2 otherwise.
   bool boardV4x() const;
 
+  /// How far what is stored can be relied on: a wrong board moves the wrong pins.
+  enum class Standing { Sound, NoBoard, Damaged };
+  Standing standing() const;
+
   /// At the moment of the choice.
   void saveBoard(bool v4x);
 
@@ -32,7 +36,6 @@ class Preferences {
 
  private:
   std::string get(const std::string& key, const std::string& fallback) const;
-  void set(const std::string& key, const std::string& value);
 
   platform::SettingsStore& store_;
   std::string application_;

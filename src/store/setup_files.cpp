@@ -26,23 +26,45 @@ Failure SetupFiles::MFSetMent_Click() {
                             box_style::exclamation | box_style::yesNo) == BoxAnswer::No) {
       return Failure::Cancel;
     }
-    failure = write();
+    failure = save();
   }
   report(failure);
   return failure;
 }
 
-Failure SetupFiles::write() {
-  std::unique_ptr<platform::ByteWriter> file;
-  Failure failure = outside_.files.openForWriting(outside_.Fileablak.FileName, file);
-  if (failure != Failure::None) return failure;
-  const PwmTexts texts = pwmTexts(panel_, kozos_);
-  for (const std::string& record : texts.records) {
-    failure = file->write(outside_.codePage.fromUtf8(record) + "\r\n");
+Failure SetupFiles::save() {
+  const std::string path = outside_.Fileablak.FileName;
+  const bool again = keptOf_ == path && !outside_.files.Dir(keptCopy_).empty();
+  if (!again) keptCopy_.clear();
+  // After a save that has failed the file holds less than the copy.
+  if (!again && !outside_.files.Dir(path).empty()) {
+    const Failure failure = keepCopy(outside_.files, path, keptCopy_);
     if (failure != Failure::None) return failure;
   }
-  failure = file->close();
-  return texts.failure != Failure::None ? texts.failure : failure;
+  keptOf_ = path;
+  bool emptied = again;
+  const Failure failure = write(path, emptied);
+  if (failure == Failure::None || !emptied) {
+    if (!keptCopy_.empty()) outside_.files.remove(keptCopy_);
+    keptCopy_.clear();
+  }
+  return failure;
+}
+
+Failure SetupFiles::write(const std::string& path, bool& emptied) const {
+  std::unique_ptr<platform::ByteWriter> file;
+  const Failure opened = outside_.files.openForWriting(path, file);
+  if (opened != Failure::None) return opened;
+  emptied = true;
+  const PwmTexts texts = pwmTexts(panel_, kozos_);
+  std::string lines;
+  for (const std::string& record : texts.records) {
+    lines += outside_.codePage.fromUtf8(record) + "\r\n";
+  }
+  const Failure written = file->write(lines);
+  if (written != Failure::None) return written;
+  const Failure closed = file->close();
+  return texts.failure != Failure::None ? texts.failure : closed;
 }
 
 OpenResult SetupFiles::MFSetNyit_Click() {

@@ -24,15 +24,21 @@ class SetupFiles {
   SetupFiles(const FileOutside& outside, timing::Kozos& kozos, timing::SetupPanel& panel,
              timing::Editions& editions, controls::Form& form);
 
-  /// Failure::Cancel also stands for the answer No to the question whether to overwrite.
+  /// Failure::Cancel also stands for the answer No to the question whether to overwrite. The
+  /// content of an existing file is kept beside it for as long as the new one isn't all there;
+  /// where it can't be kept nothing is written.
   platform::Failure MFSetMent_Click();
+
+  /// Where a failed save has left the content that the file had before; empty otherwise.
+  const std::string& keptCopy() const { return keptCopy_; }
 
   /// Failure::FileNotFound stands for the name of no existing file.
   OpenResult MFSetNyit_Click();
 
  private:
   void prepareDialog();
-  platform::Failure write();
+  platform::Failure save();
+  platform::Failure write(const std::string& path, bool& emptied) const;
   OpenResult read();
   void report(platform::Failure failure);
 
@@ -41,6 +47,8 @@ class SetupFiles {
   timing::SetupPanel& panel_;
   timing::Editions& editions_;
   controls::Form& form_;
+  std::string keptCopy_;
+  std::string keptOf_;  ///< the file whose content the copy has
 };
 
 }  // namespace monitra::store

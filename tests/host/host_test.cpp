@@ -4,6 +4,9 @@
 #include "host/host_files.h"
 #include "host/pacer.h"
 #include "host/windows1250.h"
+#include "support/contracts.h"
+#include "support/faulty_files.h"
+#include "support/journal.h"
 #include "support/rows.h"
 #include "support/scratch.h"
 
@@ -41,19 +44,13 @@ TEST_F(Host, FilesAreFoundByTheirExactNameAndEveryFailureHasItsCode) {
   EXPECT_EQ(read(std::string(300, 'x')), Failure::PathNotFound);
 }
 
-TEST_F(Host, ReadsAndWritesFilesToTheirEnds) {
-  ASSERT_EQ(read("Info.txt"), Failure::None);
-  for (const std::string expected : {"abc", ""}) {
-    std::string chunk;
-    EXPECT_EQ(reader->read(chunk), Failure::None);
-    EXPECT_EQ(chunk, expected);
-  }
-  ASSERT_EQ(write("Info.txt"), Failure::None);
-  EXPECT_EQ(writer->write("x"), Failure::None);
-  EXPECT_EQ(writer->close(), Failure::None);
-  EXPECT_EQ(scratch.read("Info.txt"), "x");
+TEST_F(Host, FilesKeepTheirContractAndAFullDiskIsTold) {
+  filesContract(files, scratch.path("uj"));
+  FaultyFiles withoutFaults;
+  filesContract(withoutFaults, scratch.path("uj"));
   ASSERT_EQ(write("/dev/full"), Failure::None);
   EXPECT_EQ(writer->write("x"), Failure::DiskFull);
+  EXPECT_EQ(writer->close(), Failure::None) << "a device has nothing to keep";
 }
 
 TEST_F(Host, WhatPermissionsForbidIsAnAccessFailure) {
@@ -76,15 +73,14 @@ TEST(Windows1250, RoundTripsEveryByteAndKnowsTheHungarianLetters) {
   EXPECT_EQ(codePage.fromUtf8("a→b😀c\xF0"), "a?b?c?");
 }
 
-TEST(Pacer, NoWaitIsShortOrSpentSpinning) {
+TEST(Sleepers, KeepTheirContractAndTheRealOneDoesNotSpin) {
   Pacer pacer;
-  for (const int milliseconds : {1, 1, 1, 1, 1, 0, 100}) {
-    const std::chrono::nanoseconds before = pacer.now();
-    const std::clock_t used = std::clock();
-    pacer.Sleep(milliseconds);
-    EXPECT_LE(std::clock() - used, CLOCKS_PER_SEC / 100);
-    EXPECT_GE(pacer.now() - before, std::chrono::milliseconds(milliseconds));
-  }
+  Journal journal;
+  JournalPort fake(journal);
+  sleeperContract(fake);
+  const std::clock_t used = std::clock();
+  sleeperContract(pacer);
+  EXPECT_LE(std::clock() - used, CLOCKS_PER_SEC / 50);
 }
 
 TEST(Pacer, IsPunctualWhereTheSystemGrantsIt) {

@@ -1,40 +1,108 @@
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
 
 #include "settings/json_settings.h"
+#include "support/contracts.h"
+#include "support/journal.h"
 #include "support/scratch.h"
 
 namespace monitra::settings {
 namespace {
 
-TEST(JsonSettings, KeepsTextsByApplicationAndKeyWhateverItsFileHolds) {
-  const support::Scratch scratch;
-  JsonSettings settings(scratch.path("uj/monitra"));
-  for (const std::string value : {" 1", "", "\"ő\n"}) {
-    settings.SaveSetting("Monitra Setup", "Setup", "LPT", value);
-    settings.SaveSetting("a", "Setup", "LPT", " 2");
-    EXPECT_EQ(settings.GetSetting("Monitra Setup", "Setup", "LPT", "0"), value);
+struct Settings : testing::Test {
+  /// Stores while no file may grow beyond so many bytes.
+  void saveOnAFullDisk(rlim_t most) {
+    rlimit before{};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit full{most, before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &full);
+    settings.SaveSetting("a", "Setup", "LPT", " 3");
+    ::setrlimit(RLIMIT_FSIZE, &before);
   }
-  EXPECT_EQ(settings.GetSetting("Monitra Setup", "Setup", "Seb", "100"), "100");
-  EXPECT_FALSE(settings.isDamaged("nincs"));
-  // What can't be made out at all is kept beside the new file.
-  const std::string file = "uj/monitra/a.json", bad = scratch.path(file + ".bad");
-  for (const auto& [content, damaged] :
-       {std::pair("", true), std::pair("{\"Setup\": {\"PCB\": \"32\",}}", true),
-        std::pair("{\"Setup\": 3}", false), std::pair("{\"Setup\": {\"LPT\": 1}}", false)}) {
-    SCOPED_TRACE(content);
-    scratch.write(file, content);
-    std::filesystem::remove(bad);
+
+  const support::Scratch scratch;
+  const std::string folder = scratch.path("uj/monitra"), file = "uj/monitra/a.json",
+                    bad = scratch.path("uj/monitra/a.json.bad");
+  JsonSettings settings{folder};
+};
+
+TEST_F(Settings, KeepTheirContract) {
+  support::settingsContract(settings);
+  support::Journal journal;
+  support::JournalSettings fake(journal);
+  support::settingsContract(fake);
+  JsonSettings("/proc/monitra").SaveSetting("a", "Setup", "LPT", " 1");
+  JsonSettings("").SaveSetting("a", "Setup", "LPT", " 1");
+  EXPECT_FALSE(JsonSettings("").isDamaged("a"));
+}
+
+TEST_F(Settings, WhateverTheFileIsTheNextSaveMakesOneAndKeepsWhatCannotBeMadeOut) {
+  settings.SaveSetting("a", "Setup", "LPT", " 1");
+  const auto remake = [this](const std::function<void()>& make) {
+    std::filesystem::remove_all(scratch.path(file));
+    make();
+  };
+  const auto write = [this](const std::string& bytes) { scratch.write(file, bytes); };
+  const std::pair<std::function<void()>, bool> files[] = {
+      {[&] { write(""); }, true},
+      {[&] { write("{\"Setup\": {\"PCB\": \"32\",}}"); }, true},
+      {[&] { write("{\"Setup\": 3}"); }, false},
+      {[&] { write("{\"Setup\": {\"LPT\": 1}}"); }, false},
+      {[&] { write(std::string(100000, '[')); }, true},
+      {[&] { write("{\"a\":" + std::string(9999, '[') + std::string(9999, ']') + "}"); }, false},
+      {[&] { write("{\"Setup\": {\"LPT\": \" 1\"}}" + std::string(1 << 20, ' ')); }, true},
+      {[&] { ::mkfifo(scratch.path(file).c_str(), 0600); }, true},
+      {[&] { std::filesystem::create_directory(scratch.path(file)); }, true}};
+  for (const auto& [make, damaged] : files) {
+    SCOPED_TRACE(&make - &files[0].first);
+    remake(make);
+    std::filesystem::remove_all(bad);
     EXPECT_EQ(settings.GetSetting("a", "Setup", "LPT", "0"), "0");
     EXPECT_EQ(settings.isDamaged("a"), damaged);
     settings.SaveSetting("a", "Setup", "LPT", " 1");
     EXPECT_EQ(settings.GetSetting("a", "Setup", "LPT", "0"), " 1");
     EXPECT_EQ(std::filesystem::exists(bad), damaged);
   }
-  std::filesystem::create_symlink("/dev/full", scratch.path(file + ".new"));
-  settings.SaveSetting("a", "Setup", "LPT", " 3");
-  EXPECT_EQ(settings.GetSetting("a", "Setup", "LPT", "0"), " 1") << "a full disk leaves the old";
-  EXPECT_FALSE(std::filesystem::is_symlink(scratch.path(file + ".new")));
-  EXPECT_NO_THROW(JsonSettings("/proc/monitra").SaveSetting("a", "Setup", "LPT", " 1"));
+}
+
+TEST_F(Settings, AFullDiskLeavesTheOldFileAndALinkStaysOne) {
+  settings.SaveSetting("a", "Setup", "LPT", " 1");
+  std::filesystem::rename(scratch.path(file), scratch.path("valahol.json"));
+  std::filesystem::create_symlink(scratch.path("valahol.json"), scratch.path(file));
+  ::chmod(scratch.path("valahol.json").c_str(), 0640);
+  for (const rlim_t most : {0, 9}) saveOnAFullDisk(most);
+  EXPECT_EQ(settings.GetSetting("a", "Setup", "LPT", "0"), " 1");
+  settings.SaveSetting("a", "Setup", "Seb", "7");
+  EXPECT_TRUE(std::filesystem::is_symlink(scratch.path(file)));
+  EXPECT_EQ(scratch.read("valahol.json"),
+            "{\n  \"Setup\": {\n    \"LPT\": \" 1\",\n    \"Seb\": \"7\"\n  }\n}\n");
+  EXPECT_EQ(std::filesystem::status(scratch.path("valahol.json")).permissions(),
+            std::filesystem::perms{0640});
+  int left = 0;
+  for ([[maybe_unused]] const auto& each : std::filesystem::directory_iterator(folder)) ++left;
+  EXPECT_EQ(left, 1) << "the link";
+}
+
+TEST_F(Settings, CopiesThatEndTogetherLoseNothing) {
+  settings.SaveSetting("a", "Setup", "PCB", "32");
+  constexpr int copies = 3, rounds = 100;
+  for (int copy = 0; copy < copies; ++copy) {
+    if (::fork() != 0) continue;
+    for (int n = 1; n <= rounds; ++n) {
+      settings.SaveSettings("a", "Setup", {{"Seb" + std::to_string(copy), std::to_string(n)}});
+    }
+    ::_exit(0);
+  }
+  while (::wait(nullptr) > 0) {
+  }
+  EXPECT_EQ(settings.GetSetting("a", "Setup", "PCB", ""), "32");
+  for (const char* key : {"Seb0", "Seb1", "Seb2"}) {
+    EXPECT_EQ(settings.GetSetting("a", "Setup", key, ""), "100");
+  }
 }
 
 }  // namespace

@@ -8,6 +8,7 @@ namespace {
 
 using namespace support;
 using platform::BoxAnswer;
+using Call = FaultyFiles::Call;
 
 const std::string question =
     "box 36: Nem mentette a beállításokat!\r\nBefejezés előtt akarja ezeket menteni?";
@@ -140,8 +141,8 @@ TEST_F(Shell, StatusLineTellsWhatNoBoxDoes) {
       [&] { dialog.path = scratch.path("uj.hex"), lap.saveFirmware(); },
       [&] { box.answers = {BoxAnswer::No}, lap.setup.Letolt.click(); },
       [&] { dialog.path.reset(), lap.openFirmware(); },
-      [&] { files.readsThatSucceed = 0, openImage(block.text()); },
-      [&] { files.openingFails = platform::Failure::PathFileAccess, lap.openFirmware(); },
+      [&] { files.fail(Call::Read, platform::Failure::DeviceIo), openImage(block.text()); },
+      [&] { files.fail(Call::Open, platform::Failure::PathFileAccess), lap.openFirmware(); },
       [&] { lap.jog.Seb.type("300"), lap.jog.Impulzus.click(); },
       [&] { lap.jog.Impulzus.click(); },
       [&] { lap.jog.Seb.type("2000"), lap.jog.Impulzus.click(); }};
@@ -235,13 +236,16 @@ TEST_F(Shell, TwoMarksTellHowTheSetupStandsToItsFileAndToTheController) {
       {[&] { lap.setup.Tures.type("2"); }, both},
       {[&] { lap.setup.Verz.Caption = "V5.0.3"; }, unsaved + "|"},
       {[&] { lap.setup.Xegesz.click(), dialog.path.reset(), lap.MFSetMent.click(); }, both},
-      {[&] { lap.setup.Xegesz.click(), files.writesThatSucceed = 3, saveSetup("c.pwm"); },
+      {[&] {
+         lap.setup.Xegesz.click(), files.fail(Call::Write, platform::Failure::DiskFull),
+             saveSetup("c.pwm");
+       },
        "Nincs elmentve|" + unsent},
       {[&] { dialog.path = scratch.path("nincs.pwm"), lap.MFSetNyit.click(); }, "|"},
       {[&] { openSetup("300\r\n" + file.substr(file.find('\n') + 1)); }, both},
       {[&] { openSetup("91\r\n"); }, unsaved + "|"}};
   for (std::size_t row = 0; row < std::size(changes); ++row) {
-    files.writesThatSucceed = -1;
+    files.mend();
     openSetup(file);
     lap.setup.Letolt.click();
     EXPECT_EQ(told, "|") << "ahead of row " << row;

@@ -154,7 +154,7 @@ TEST_F(Store, WhatCannotBeOpenedOrReadToItsEndChangesWhatItCanAheadOfItsMessage)
   EXPECT_EQ(names(), version + "(teszt.pwm)");
 }
 
-TEST_F(Store, ASaveOverwritesOnlyAfterYesAndKeepsTheLinesWrittenSoFarIfItFails) {
+TEST_F(Store, ASaveOverwritesOnlyAfterYesAndTellsWhyItFails) {
   const std::string path = scratch.write("volt.pwm", "régi, hosszabb tartalom" + startUpFile);
   const std::string question = "box 52: 'volt.pwm' már létezik!\r\nFelülírjam?";
   box.answers = {platform::BoxAnswer::No, platform::BoxAnswer::Yes};
@@ -165,19 +165,34 @@ TEST_F(Store, ASaveOverwritesOnlyAfterYesAndKeepsTheLinesWrittenSoFarIfItFails) 
   expect("save", {}, {"32755"});
   expect("save", scratch.path("nincs mappa/a.pwm"), {general + "76", "76"});
   expect("save", scratch.path(), {driveProblem, "75"});
-  files.writesThatSucceed = 3;
-  expect("save", scratch.path("tele.pwm"), {general + "61", "61"});
-  EXPECT_EQ(scratch.read("tele.pwm"), "91\r\n91\r\n91\r\n");
-  files.writesThatSucceed = -1;
-  files.closeFails = Failure::DeviceIo;
-  expect("save", scratch.path("zar.pwm"), {general + "57", "57"});
   kozos.VerFo = "A";
   expect("save", scratch.path("betu.pwm"), {general + "13", "13"});
   EXPECT_EQ(scratch.read("betu.pwm"), startUpFile.substr(0, startUpFile.find(" 5\r\n 0")));
 }
 
+TEST_F(Store, WhatAFailedSaveHasTornIsKeptUntilOneSucceeds) {
+  const std::string path = scratch.write("volt.pwm", otherFile);
+  scratch.write("volt.pwm~", "somebody's own");
+  const auto save = [&](const std::string& content, const char* copy, const std::string& kept) {
+    dialog.path = path;
+    lap.setupFiles().MFSetMent_Click();
+    EXPECT_EQ(scratch.read("volt.pwm"), content);
+    EXPECT_EQ(lap.setupFiles().keptCopy(), *copy != '\0' ? scratch.path(copy) : "");
+    EXPECT_EQ(scratch.read("volt.pwm~2"), kept);
+  };
+  files.fail(FaultyFiles::Call::Create, Failure::DiskFull);
+  save(otherFile, "", "");
+  files.fail(FaultyFiles::Call::Write, Failure::DiskFull, 1);
+  const std::string half = startUpFile.substr(0, startUpFile.size() / 2);
+  save(half, "volt.pwm~2", otherFile);
+  save(half, "volt.pwm~2", otherFile);
+  files.mend();
+  save(startUpFile, "", "");
+  EXPECT_EQ(scratch.read("volt.pwm~"), "somebody's own");
+}
+
 TEST_F(Store, OddPreferencesKeepTheirMeaning) {
-  const Preferences preferences(settings, "");
+  const Preferences preferences(settings, "Monitra Setup");
   for (const auto& [stored, index] :
        {std::pair("1.5", 2), std::pair(" 3", 0), std::pair("-1", 0)}) {
     settings.values = {{"LPT", stored}, {"Inv1", stored}, {"PCB", stored}};

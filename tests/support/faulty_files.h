@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -7,67 +8,78 @@
 
 namespace monitra::support {
 
-/// The computer's own files, where an opening can be forbidden, a disk can go away after some reads
-/// or be full after some writes, and a close can fail.
+/// The computer's own files, of whose calls chosen ones fail. A write that fails has written half.
 class FaultyFiles : public platform::Files {
  public:
-  std::string Dir(const std::string& path) override { return real_.Dir(path); }
+  using Failure = platform::Failure;
+  enum class Call { Look, Open, Create, Remove, Read, Write, Close };
 
-  platform::Failure openForReading(const std::string& path,
-                                   std::unique_ptr<platform::ByteReader>& file) override {
-    if (openingFails != platform::Failure::None) return openingFails;
-    const platform::Failure opened = real_.openForReading(path, file);
-    if (opened == platform::Failure::None) file = std::make_unique<Reader>(std::move(file), *this);
-    return opened;
+  std::string Dir(const std::string& path) override {
+    return fault(Call::Look) != Failure::None ? std::string{} : real_.Dir(path);
+  }
+  Failure openForReading(const std::string& path,
+                         std::unique_ptr<platform::ByteReader>& file) override {
+    const Failure failure = tried(Call::Open, [&] { return real_.openForReading(path, file); });
+    if (failure == Failure::None) file = std::make_unique<Reader>(std::move(file), *this);
+    return failure;
+  }
+  Failure openForWriting(const std::string& path,
+                         std::unique_ptr<platform::ByteWriter>& file) override {
+    return wrapped(tried(Call::Create, [&] { return real_.openForWriting(path, file); }), file);
+  }
+  Failure createForWriting(const std::string& path,
+                           std::unique_ptr<platform::ByteWriter>& file) override {
+    return wrapped(tried(Call::Create, [&] { return real_.createForWriting(path, file); }), file);
+  }
+  Failure remove(const std::string& path) override {
+    return tried(Call::Remove, [&] { return real_.remove(path); });
   }
 
-  platform::Failure openForWriting(const std::string& path,
-                                   std::unique_ptr<platform::ByteWriter>& file) override {
-    return wrapped(real_.openForWriting(path, file), file);
+  /// From now on such calls fail so behind as many that don't.
+  void fail(Call failing, Failure how, int behind = 0) {
+    fault = [=](Call call) mutable {
+      return call != failing || behind-- > 0 ? Failure::None : how;
+    };
+  }
+  void mend() {
+    fault = [](Call) { return Failure::None; };
   }
 
-  platform::Failure createForWriting(const std::string& path,
-                                     std::unique_ptr<platform::ByteWriter>& file) override {
-    return wrapped(real_.createForWriting(path, file), file);
-  }
-
-  platform::Failure openingFails = platform::Failure::None;  ///< for reading
-  int readsThatSucceed = -1;                                 ///< -1: all
-  int writesThatSucceed = -1;                                ///< -1: all
-  platform::Failure closeFails = platform::Failure::None;
+  /// Asked ahead of each call; what it gives but None the call comes to.
+  std::function<Failure(Call)> fault = [](Call) { return Failure::None; };
 
  private:
-  /// Whether this one still succeeds of so many.
-  static bool takesOne(int& left) { return left != 0 && (left < 0 || left-- > 0); }
-
   struct Reader : platform::ByteReader {
     Reader(std::unique_ptr<platform::ByteReader> file, FaultyFiles& of)
-        : real(std::move(file)), faults(of) {}
-    platform::Failure read(std::string& chunk) override {
-      return takesOne(faults.readsThatSucceed) ? real->read(chunk) : platform::Failure::DeviceIo;
+        : real(std::move(file)), files(of) {}
+    Failure read(std::string& chunk) override {
+      return files.tried(Call::Read, [&] { return real->read(chunk); });
     }
-
     std::unique_ptr<platform::ByteReader> real;
-    FaultyFiles& faults;
+    FaultyFiles& files;
   };
-
   struct Writer : platform::ByteWriter {
     Writer(std::unique_ptr<platform::ByteWriter> file, FaultyFiles& of)
-        : real(std::move(file)), faults(of) {}
-    platform::Failure write(std::string_view bytes) override {
-      return takesOne(faults.writesThatSucceed) ? real->write(bytes) : platform::Failure::DiskFull;
+        : real(std::move(file)), files(of) {}
+    Failure write(std::string_view bytes) override {
+      const Failure failure = files.fault(Call::Write);
+      real->write(failure == Failure::None ? bytes : bytes.substr(0, bytes.size() / 2));
+      return failure;
     }
-    platform::Failure close() override {
-      const platform::Failure failure = real->close();
-      return faults.closeFails != platform::Failure::None ? faults.closeFails : failure;
+    Failure close() override {
+      const Failure closed = real->close();
+      return files.tried(Call::Close, [closed] { return closed; });
     }
-
     std::unique_ptr<platform::ByteWriter> real;
-    FaultyFiles& faults;
+    FaultyFiles& files;
   };
 
-  platform::Failure wrapped(platform::Failure opened, std::unique_ptr<platform::ByteWriter>& file) {
-    if (opened == platform::Failure::None) file = std::make_unique<Writer>(std::move(file), *this);
+  Failure tried(Call call, const std::function<Failure()>& real) const {
+    const Failure failure = fault(call);
+    return failure != Failure::None ? failure : real();
+  }
+  Failure wrapped(Failure opened, std::unique_ptr<platform::ByteWriter>& file) {
+    if (opened == Failure::None) file = std::make_unique<Writer>(std::move(file), *this);
     return opened;
   }
 

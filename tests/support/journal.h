@@ -169,19 +169,32 @@ class JournalSettings : public platform::SettingsStore, InJournal {
  public:
   using InJournal::InJournal;
 
-  std::string GetSetting(const std::string& /*application*/, const std::string& section,
+  std::string GetSetting(const std::string& application, const std::string& section,
                          const std::string& key, const std::string& fallback) override {
     journal_.push_back("get " + section + "." + key);
-    const auto found = values.find(key);
-    return found == values.end() ? fallback : found->second;
+    const auto& of = stored(application, section);
+    const auto found = of.find(key);
+    return found == of.end() ? fallback : found->second;
   }
-  void SaveSetting(const std::string& application, const std::string& section,
-                   const std::string& key, const std::string& value) override {
-    journal_.push_back("set " + application + "/" + section + "." + key + "=" + value);
-    values[key] = value;
+  void SaveSettings(const std::string& application, const std::string& section,
+                    const Entries& entries) override {
+    for (const auto& [key, value] : entries) {
+      journal_.push_back("set " + application + "/" + section + "." + key + "=" + value);
+      stored(application, section)[key] = value;
+    }
   }
+  bool isDamaged(const std::string& /*application*/) override { return damaged; }
 
-  std::map<std::string, std::string> values;
+  std::map<std::string, std::string> values;  ///< those of the program
+  bool damaged = false;
+
+ private:
+  std::map<std::string, std::string>& stored(const std::string& application,
+                                             const std::string& section) {
+    const std::string place = application + "/" + section;
+    return place == "Monitra Setup/Setup" ? values : others_[place];
+  }
+  std::map<std::string, std::map<std::string, std::string>> others_;
 };
 
 /// What is written, or 0.

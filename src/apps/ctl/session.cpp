@@ -48,8 +48,12 @@ std::string OptionSettings::GetSetting(const std::string& application, const std
   return preferences_.GetSetting(application, section, key, fallback);
 }
 
-void OptionSettings::SaveSetting(const std::string& /*application*/, const std::string& /*section*/,
-                                 const std::string& /*key*/, const std::string& /*value*/) {}
+void OptionSettings::SaveSettings(const std::string& /*application*/,
+                                  const std::string& /*section*/, const Entries& /*entries*/) {}
+
+bool OptionSettings::isDamaged(const std::string& application) {
+  return preferences_.isDamaged(application);
+}
 
 Session::Session(const Overrides& overrides, platform::PortRegisters& registers,
                  platform::PortStates& ports, platform::Sleeper& sleeper, CtlBoxes::Answer answer)
@@ -60,8 +64,7 @@ Session::Session(const Overrides& overrides, platform::PortRegisters& registers,
       lap({registers, ports, sleeper, boxes, remedies_, dialog_, files_, codePage_, settings_,
            program_, [] {}, [] { std::_Exit(done); }}) {
   lap.Form_Load();
-  if (preferences_.isDamaged(program_.EXEName))
-    std::cerr << shell::damagedPreferencesText() << '\n';
+  if (!lap.Esemeny.Caption.get().empty()) std::cerr << lap.Esemeny.Caption.get() << '\n';
 }
 
 bool Session::hasPreferences() {

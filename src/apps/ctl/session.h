@@ -56,8 +56,9 @@ class OptionSettings : public platform::SettingsStore {
   OptionSettings(platform::SettingsStore& preferences, std::string lptIndex, std::string pcb);
   std::string GetSetting(const std::string& application, const std::string& section,
                          const std::string& key, const std::string& fallback) override;
-  void SaveSetting(const std::string& application, const std::string& section,
-                   const std::string& key, const std::string& value) override;
+  void SaveSettings(const std::string& application, const std::string& section,
+                    const Entries& entries) override;
+  bool isDamaged(const std::string& application) override;
 
  private:
   platform::SettingsStore& preferences_;
