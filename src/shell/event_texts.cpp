@@ -65,10 +65,9 @@ std::string adjustedText(int values) {
 }
 
 std::string savingText(Failure failure, const std::string& path, const std::string& copy) {
-  if (failure == Failure::None) return "Mentve: " + path;
-  if (failure == Failure::Cancel) return {};
   const std::string kept = copy.empty() ? std::string{} : " A fájl előző tartalma itt van: " + copy;
-  return "Nincs elmentve: " + meaning(failure) + kept;
+  if (failure == Failure::None) return "Mentve: " + path + kept;
+  return failure == Failure::Cancel ? std::string{} : "Nincs elmentve: " + meaning(failure) + kept;
 }
 
 std::string firmwareText(const firmware::ReadResult& result, const firmware::ImageReport& report,

@@ -12,7 +12,7 @@
 namespace monitra::shell {
 
 /// What the status line says of an opened or saved file where no box has told it all; empty if
-/// there is nothing to say. The copy is where a failed save has left what the file held before, if
+/// there is nothing to say. The copy is where the save has left what the file held before, if
 /// it has.
 std::string openingText(const store::OpenResult& result);
 std::string savingText(platform::Failure failure, const std::string& path,

@@ -49,7 +49,7 @@ Lap::Lap(Outside outside)
   upload_.sent.handle([this] { tellUploaded(); });
   bindBench();
   PortTeendo.Click.handle([this] { PortTeendo_Click(); });
-  line_.inMessage = [this](bool begins) { outside_.ports.markMessage(begins); };
+  line_.inMessage = [this](bool begins) { inMessage(begins); };
   outside_.ports.changed = [this] { showPort(); };
 }
 
@@ -123,10 +123,29 @@ void Lap::Form_Unload() {
 void Lap::endWithoutQuestion() {
   if (std::exchange(ended_, true)) return;
   jog.releaseAll();
-  frames_.allMotorsOff();
+  switchMotorsOff();
   preferences_.save(port.LPT.ListIndex, jog.Seb.Text,
                     {jog.Invert[0].Checked, jog.Invert[1].Checked, jog.Invert[2].Checked});
   outside_.end();
+}
+
+void Lap::switchMotorsOff() {
+  const long vanished = outside_.ports.vanished();
+  frames_.allMotorsOff();
+  if (outside_.ports.vanished() == vanished) return;
+  outside_.ports.tryAgain(selectedAddress());
+  if (outside_.ports.state(selectedAddress()).inUse()) frames_.allMotorsOff();
+}
+
+void Lap::inMessage(bool begins) {
+  outside_.ports.markMessage(begins);
+  if (begins) {
+    // What was cut short may have left the clock high, and the next bit would be lost.
+    if (cutShort_) line_.SorosAlap();
+    vanishedAtBegin_ = outside_.ports.vanished();
+  } else {
+    cutShort_ = outside_.ports.vanished() != vanishedAtBegin_;
+  }
 }
 
 void Lap::MFkilepes_Click() {

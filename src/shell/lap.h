@@ -131,6 +131,10 @@ class Lap {
   void bindMenus();
   void bindBench();
   void tellUploaded();
+  /// Once more from the beginning if the port went away meanwhile and has come back.
+  void switchMotorsOff();
+  /// A message begins or has ended; one that was cut short before it leaves the line to be idled.
+  void inMessage(bool begins);
   void openSetup();
   void saveSetup();
   void loadInfo();
@@ -152,7 +156,9 @@ class Lap {
   store::SetupFiles files_;
   firmware::FirmwareFiles firmware_;
   std::optional<platform::PortState> shownPort_;
-  long vanishedBefore_ = 0;
+  long vanishedBefore_ = 0;   ///< the upload
+  long vanishedAtBegin_ = 0;  ///< of the last message
+  bool cutShort_ = false;     ///< it didn't all go out
   bool ended_ = false;
 };
 

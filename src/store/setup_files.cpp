@@ -37,17 +37,16 @@ Failure SetupFiles::save() {
   const bool again = keptOf_ == path && !outside_.files.Dir(keptCopy_).empty();
   if (!again) keptCopy_.clear();
   // After a save that has failed the file holds less than the copy.
-  if (!again && !outside_.files.Dir(path).empty()) {
+  if (!again) {
     const Failure failure = keepCopy(outside_.files, path, keptCopy_);
-    if (failure != Failure::None) return failure;
+    if (failure != Failure::None && failure != Failure::FileNotFound) return failure;
   }
-  keptOf_ = path;
   bool emptied = again;
   const Failure failure = write(path, emptied);
-  if (failure == Failure::None || !emptied) {
-    if (!keptCopy_.empty()) outside_.files.remove(keptCopy_);
-    keptCopy_.clear();
-  }
+  const bool torn = failure != Failure::None && emptied;
+  keptOf_ = torn ? path : std::string{};
+  if (torn || keptCopy_.empty()) return failure;
+  if (outside_.files.remove(keptCopy_) == Failure::None) keptCopy_.clear();
   return failure;
 }
 

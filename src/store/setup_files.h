@@ -29,7 +29,8 @@ class SetupFiles {
   /// where it can't be kept nothing is written.
   platform::Failure MFSetMent_Click();
 
-  /// Where a failed save has left the content that the file had before; empty otherwise.
+  /// Where the last save has left the content that the file had before: one that failed, or that
+  /// could not remove it. Empty otherwise.
   const std::string& keptCopy() const { return keptCopy_; }
 
   /// Failure::FileNotFound stands for the name of no existing file.
@@ -48,7 +49,7 @@ class SetupFiles {
   timing::Editions& editions_;
   controls::Form& form_;
   std::string keptCopy_;
-  std::string keptOf_;  ///< the file whose content the copy has
+  std::string keptOf_;  ///< the file that a failed save has torn
 };
 
 }  // namespace monitra::store

@@ -72,6 +72,14 @@ TEST_F(ShellAtItsStart, StoredPreferencesComeBackAndAreWrittenInTheirOwnForm) {
   std::string stored;
   for (const auto& [key, value] : settings.values) stored += key + "=" + value + ";";
   EXPECT_EQ(stored, "Inv0=0;Inv1=0;Inv2=1;LPT= 1;PCB=32;Seb=gyors;");
+  for (const char* const told : {"", "A tárolt beállítások nem nev", "A tárolt beállítások sér"}) {
+    settings.damaged = std::string(told).ends_with("sér");
+    Lap next(outside);
+    next.Form_Load();
+    EXPECT_EQ(next.Esemeny.Caption.get().substr(0, std::string(told).size()), told);
+    EXPECT_EQ(next.Esemeny.Caption.get().empty(), *told == '\0');
+    settings.values.erase("PCB");
+  }
 }
 
 TEST_F(ShellAtItsStart, InfoTextIsShownIfItsNameIsExact) {
@@ -170,8 +178,9 @@ TEST_F(Shell, AnUploadTellsItsTimeAndItsLongestPauseOrThatNotAllWentOut) {
   EXPECT_EQ(upload(0, 0),
             "Nem ment ki semmi, mert nincs használható port. A port sora megmondja, miért.");
   EXPECT_EQ(marks(), "|Még nincs feltöltve");
-  // Between two edges are up to two waits: the data line keeps its level for equal bits.
-  EXPECT_EQ(upload(480, 330),
+  // One write puts the line to idle behind what was cut short. Between two edges are up to two
+  // waits: the data line keeps its level for equal bits.
+  EXPECT_EQ(upload(481, 330),
             "Kiküldve 638.4 ms alatt, a leghosszabb szünet két él között 2.7 ms volt. "
             "A vonal egyirányú, nyugta nem jön.");
   EXPECT_EQ(marks(), "|");
