@@ -60,7 +60,9 @@ int run(int argc, char** argv, const WindowProgram& program) {
                   settings, identity, [] { QApplication::beep(); },
                   [] { std::_Exit(EXIT_SUCCESS); }});
   lap.Form_Load();
-  if (settings.isDamaged(identity.EXEName)) lap.Esemeny.Caption = shell::damagedPreferencesText();
+  if (settings.isDamaged(identity.EXEName)) {
+    lap.Esemeny.show(controls::Status::Warning, shell::damagedPreferencesText());
+  }
   const desktop::EndWatch watch([&lap] { lap.endWithoutQuestion(); });
   desktop::MainWindow window(lap);
   box.setParent(&window);

@@ -46,7 +46,7 @@ TEST_F(Desktop, ShowsOneWindowOfItsFixedSizeInTheMiddle) {
   EXPECT_LE((centre - another.screen()->availableGeometry().center()).manhattanLength(), 4);
   lap.form.Caption = "a[*].pwm";
   EXPECT_EQ(window->windowTitle(), "a[*][*].pwm") << "shown with one";
-  lap.Esemeny.Caption = "<b>hosszú";
+  lap.Esemeny.show(controls::Status::Plain, "<b>hosszú");
   takes(widget("Esemeny"), QHelpEvent(QEvent::ToolTip, {}, {}));
   EXPECT_EQ(widget("Esemeny")->toolTip(), Qt::convertFromPlainText("<b>hosszú"));
 }
