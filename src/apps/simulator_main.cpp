@@ -14,7 +14,8 @@ namespace {
 
 using namespace monitra;
 
-/// Tells what the virtual controllers do: the port's status at once or a few times a second,
+/// Tells what the virtual controllers do: the port's status at once or a few times a second while
+/// something moves,
 /// standard output in a line for each message and for each movement that has come to rest.
 class Report {
  public:
@@ -28,13 +29,13 @@ class Report {
     port.moved = [this](std::int32_t address, const ports::VirtualController& controller) {
       if (!isSelected(controller)) return;
       moving_[&controller] = {address, true};
+      if (!timer_.isActive()) timer_.start(interval_);
     };
     lap.port.PCBV.Caption.observe([this, &port] {
       tellRested();
       port.plugIn(lap_.port.PCBV.Caption.get());
     });
     QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { look(); });
-    timer_.start(interval_);
   }
 
  private:
@@ -61,13 +62,25 @@ class Report {
 
   void tellReceived(const std::string& at, const ports::VirtualController& controller,
                     const ports::Received& message) {
-    std::string heard = ports::bytesText(message.bytes);
-    if (message.kind == ports::Received::Kind::Frame) {
-      heard += " (" + ports::describe(controller.machine()) + ")";
-    }
-    lap_.PortAllapot.Caption =
-        "Szimulált port, ezt kapta: " + (isSelected(controller) ? heard : at + ": " + heard);
-    std::cout << at << ": " << heard << std::endl;
+    const std::string bytes = ports::bytesText(message.bytes);
+    const bool isFrame = message.kind == ports::Received::Kind::Frame;
+    const std::string machine = isFrame ? " (" + ports::describe(controller.machine()) + ")" : "";
+    std::string status = "ezt kapta: " + (isSelected(controller) ? bytes : at + ": " + bytes);
+    if (isFrame) status = shown(controller) + "; " + status;
+    show(status);
+    std::cout << at << ": " << bytes << machine << std::endl;
+  }
+
+  void show(const std::string& status) {
+    lap_.PortAllapot.show(controls::Status::Plain, "Szimulált port: " + status);
+  }
+
+  /// What the machine does, for the status line, which may be too short for all of it: the load
+  /// comes first.
+  static std::string shown(const ports::VirtualController& controller) {
+    const std::string all = ports::describe(controller.machine());
+    const std::size_t load = all.find("terhelés");
+    return all.substr(load) + ", " + all.substr(0, all.rfind(", ", load));
   }
 
   void tellRested() {
@@ -75,12 +88,13 @@ class Report {
       std::cout << state(*controller, movement) << std::endl;
     }
     moving_.clear();
+    timer_.stop();
   }
 
   void look() {
     bool rested = true;
     for (auto& [controller, movement] : moving_) {
-      lap_.PortAllapot.Caption = "Szimulált port: " + ports::describe(controller->machine());
+      show(shown(*controller));
       if (std::exchange(movement.sinceLastLook, false)) rested = false;
     }
     if (rested) tellRested();

@@ -56,6 +56,23 @@ struct Label {
   Property<bool> Visible{true};
 };
 
+/// How much a text matters: plain information, something done, something to look after, a fault.
+enum class Status { Plain, Done, Warning, Fault };
+
+/// A label that tells how things stand. Its text comes with its kind, so only show() and clear()
+/// set them; the kind is set first, so that who observes the caption finds both.
+struct StatusLabel : Label {
+  /// No text has no kind.
+  void show(Status kind, const std::string& text) {
+    if (kind != Kind && Caption.get() == text) Caption = std::string();
+    Kind = text.empty() ? Status::Plain : kind;
+    Caption = text;
+  }
+  void clear() { show(Status::Plain, {}); }
+
+  Property<Status> Kind{Status::Plain};
+};
+
 /// A group of controls with a border.
 struct Frame {
   explicit Frame(bool enabled = true) : Enabled(enabled) {}

@@ -20,6 +20,7 @@
 #include "desktop/jog_button.h"
 #include "desktop/led_bar.h"
 #include "desktop/spin_arrows.h"
+#include "desktop/status_line.h"
 #include "desktop/text.h"
 
 namespace monitra::desktop {
@@ -113,6 +114,11 @@ void bind(QLabel* widget, controls::Label& control) {
   control.Visible.observe([widget, &control] { widget->setVisible(control.Visible); });
   mirrorColour(widget, control.BackColor, QPalette::Window);
   mirrorEnabled(widget, control.Enabled);
+}
+
+void bind(StatusLine* widget, controls::StatusLabel& control) {
+  bind(static_cast<QLabel*>(widget), static_cast<controls::Label&>(control));
+  mirror(control.Caption, [widget, &control] { widget->setKind(control.Kind); });
 }
 
 void bind(QLineEdit* widget, controls::TextBox& control) {

@@ -21,6 +21,7 @@ namespace monitra::desktop {
 class JogButton;
 class LedBar;
 class SpinArrows;
+class StatusLine;
 
 /// Each binds a widget to a control: the widget shows the control's present state at once and
 /// follows every change, and what the user does goes to the control's method. The widget must
@@ -28,6 +29,7 @@ class SpinArrows;
 
 void bind(QWidget* window, controls::Form& form);
 void bind(QLabel* widget, controls::Label& control);
+void bind(StatusLine* widget, controls::StatusLabel& control);
 void bind(QLineEdit* widget, controls::TextBox& control);
 void bind(QPlainTextEdit* widget, controls::TextBox& control);
 void bind(SpinArrows* widget, controls::SpinButton& control);

@@ -25,7 +25,7 @@ QLabel* markLabel(const WidgetMaker& widgets, std::string_view name,
   };
   show();
   marks.observe(show);
-  setTextColour(label, QColor(0x8A, 0x4B, 0x00), QColor(0xFF, 0xB7, 0x4D));
+  setTextColour(label, warningOnLight, warningOnDark);
   return label;
 }
 

@@ -1,6 +1,7 @@
 #include "desktop/qt_message_box.h"
 
 #include <QEventLoop>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -29,6 +30,20 @@ QMessageBox::Icon iconOf(int style) {
   }
 }
 
+/// Keeps a box up while it is told to close without an answer.
+class NoWayOut : public QObject {
+ public:
+  explicit NoWayOut(QMessageBox* box) { box->installEventFilter(this); }
+
+ protected:
+  bool eventFilter(QObject* /*box*/, QEvent* event) override {
+    const bool closes = event->type() == QEvent::Close;
+    if (closes) event->ignore();
+    return closes || (event->type() == QEvent::KeyPress &&
+                      static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel));
+  }
+};
+
 /// What follows a box may block the thread. So the window gets time to repaint where the box
 /// stood, while the user's clicks and keys wait.
 void repaintWindow() {
@@ -49,9 +64,10 @@ BoxAnswer QtMessageBox::MsgBox(const std::string& text, int style) {
   box.setIcon(iconOf(style));
   if (yesNo) {
     QPushButton* const yes = box.addButton(QStringLiteral("&Igen"), QMessageBox::YesRole);
-    QPushButton* const no = box.addButton(QStringLiteral("&Nem"), QMessageBox::NoRole);
+    box.addButton(QStringLiteral("&Nem"), QMessageBox::NoRole);
     box.setDefaultButton(yes);
-    box.setEscapeButton(no);
+    box.setWindowFlag(Qt::WindowCloseButtonHint, false);
+    const NoWayOut onlyItsButtons(&box);
     box.exec();
     repaintWindow();
     return box.clickedButton() == yes ? BoxAnswer::Yes : BoxAnswer::No;

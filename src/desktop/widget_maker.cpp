@@ -86,6 +86,7 @@ struct Binder {
 
   void operator()(std::monostate /*none*/) const {}
   void operator()(controls::Label* control) const { bindAs<QLabel>(*control); }
+  void operator()(controls::StatusLabel* control) const { bindAs<StatusLine>(*control); }
   void operator()(controls::TextBox* control) const { bindAs<QLineEdit, QPlainTextEdit>(*control); }
   void operator()(controls::SpinButton* control) const { bindAs<SpinArrows>(*control); }
   void operator()(controls::CheckBox* control) const { bindAs<QCheckBox>(*control); }
@@ -128,23 +129,33 @@ void giveCaption(QWidget* widget, const ControlDescription& entry) {
   }
 }
 
-/// A label that shows a value is called by its name and by what it shows.
+/// The label that a control is, or null.
+controls::Label* labelOf(const shell::AnyControl& control) {
+  if (auto* const* const status = std::get_if<controls::StatusLabel*>(&control)) return *status;
+  auto* const* const label = std::get_if<controls::Label*>(&control);
+  return label != nullptr ? *label : nullptr;
+}
+
+/// A label that shows a value is called by its name and by what it shows, a status by its kind too.
 void nameForScreenReader(QWidget* widget, const ControlDescription& entry, int index,
                          const shell::AnyControl& control) {
   widget->setAccessibleDescription(toQt(entry.hint.empty() ? entry.tooltip : entry.hint));
   const QString name = toQt(shell::spokenName(entry, index)).trimmed();
-  auto* const* const shown = std::get_if<controls::Label*>(&control);
+  controls::Label* const shown = labelOf(control);
   if (shown == nullptr) {
     widget->setAccessibleName(name);
     return;
   }
-  const auto rename = [widget, name, label = *shown, headed = !entry.spoken.empty()] {
-    const QString text = toQt(label->Caption.get()).trimmed();
-    const QString head = headed ? name + QStringLiteral(": ") : QString();
+  auto* const* const status = std::get_if<controls::StatusLabel*>(&control);
+  const auto rename = [widget, name, shown, status = status != nullptr ? *status : nullptr,
+                       headed = !entry.spoken.empty()] {
+    const QString text = toQt(shown->Caption.get()).trimmed();
+    QString head = headed ? name + QStringLiteral(": ") : QString();
+    if (status != nullptr) head += toQt(shell::spokenStatus(status->Kind));
     widget->setAccessibleName(text.isEmpty() ? name : head + text);
   };
   rename();
-  (*shown)->Caption.observe(rename);
+  shown->Caption.observe(rename);
 }
 
 }  // namespace
@@ -159,7 +170,7 @@ QWidget* WidgetMaker::makeWidget(std::string_view name, int index) const {
   const shell::AnyControl control = shell::controlOf(lap_, name, index);
   if (auto* const label = qobject_cast<QLabel*>(widget)) label->setTextFormat(Qt::PlainText);
   std::visit(Binder{widget}, control);
-  if (!std::holds_alternative<controls::Label*>(control)) giveCaption(widget, entry);
+  if (labelOf(control) == nullptr) giveCaption(widget, entry);
   nameForScreenReader(widget, entry, index, control);
   return widget;
 }

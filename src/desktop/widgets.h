@@ -40,6 +40,10 @@ void followTheme(QWidget* widget, std::function<void(QPalette& colours)> adjust)
 /// The first colour in a light theme, the second in a dark one.
 QColor fitting(QColor onLight, QColor onDark);
 
+/// What is to be looked after, on either.
+inline constexpr QColor warningOnLight{0x8A, 0x4B, 0x00};
+inline constexpr QColor warningOnDark{0xFF, 0xB7, 0x4D};
+
 /// The same for the text of a label.
 void setTextColour(QLabel* label, QColor onLight, QColor onDark);
 

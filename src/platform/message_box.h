@@ -28,8 +28,8 @@ class MessageBox {
   virtual ~MessageBox() = default;
 
   /// Shows a text, its lines separated by CR LF, under the program's title, and waits for the
-  /// answer. The first button is the default one; a box with Yes and No that is dismissed in
-  /// another way answers No.
+  /// answer. The first button is the default one. A question has no answer beside Yes and No: the
+  /// escape key and the box's close button do nothing to it, while they dismiss a box with OK.
   virtual BoxAnswer MsgBox(const std::string& text, int style) = 0;
 };
 

@@ -88,6 +88,14 @@ std::string firmwareText(const firmware::ReadResult& result, const firmware::Ima
   return text;
 }
 
+controls::Status firmwareStatus(const firmware::ReadResult& result,
+                                const firmware::ImageReport& report) {
+  using controls::Status;
+  const bool isWhole = report.faults.empty() && report.failure == Failure::None;
+  if (!isWhole || result.failure != Failure::None) return Status::Fault;
+  return result.adjusted > 0 ? Status::Warning : Status::Done;
+}
+
 std::string unreadableText(Failure failure, const std::string& name) {
   switch (failure) {
     case Failure::FileNotFound:

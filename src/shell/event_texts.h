@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "controls/controls.h"
 #include "firmware/firmware_files.h"
 #include "firmware/image_check.h"
 #include "link/serial_line.h"
@@ -21,6 +22,9 @@ std::string savingText(platform::Failure failure, const std::string& path,
 /// The same of a firmware file that was read: what is wrong with it, or which version it is.
 std::string firmwareText(const firmware::ReadResult& result, const firmware::ImageReport& report,
                          const std::string& name, const std::string& version);
+
+controls::Status firmwareStatus(const firmware::ReadResult& result,
+                                const firmware::ImageReport& report);
 
 /// Why a file can't be read to its end.
 std::string unreadableText(platform::Failure failure, const std::string& name);

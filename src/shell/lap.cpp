@@ -13,6 +13,7 @@
 
 namespace monitra::shell {
 
+using controls::Status;
 using platform::BoxAnswer;
 namespace box_style = platform::box_style;
 
@@ -44,7 +45,7 @@ Lap::Lap(Outside outside)
   giveCaptions(*this);
   bindMenus();
   SSTab1.Tab.handle([this] { SSTab1_Click(); });
-  upload_.begun.handle([this] { Esemeny.Caption = ""; });
+  upload_.begun.handle([this] { Esemeny.clear(); });
   upload_.sending.handle([this] { vanishedBefore_ = outside_.ports.vanished(); });
   upload_.sent.handle([this] { tellUploaded(); });
   bindBench();
@@ -63,10 +64,13 @@ void Lap::bindMenus() {
 void Lap::bindBench() {
   SSTab1.GotFocus.handle([this] { generator_.SSTab1_GotFocus(); });
   generator_.switched.handle([this] {
-    Esemeny.Caption = jog.Impulzus.Value ? generatorText(jog.Timer1.Interval) : std::string{};
+    if (!jog.Impulzus.Value) return Esemeny.clear();
+    const int interval = jog.Timer1.Interval;
+    Esemeny.show(interval > 0 ? Status::Plain : Status::Warning, generatorText(interval));
   });
-  loadTest_.begun.handle([this] { Esemeny.Caption = ""; });
-  loadTest_.refused.handle([this] { Esemeny.Caption = missingPermitText(load.TulH.Checked); });
+  loadTest_.begun.handle([this] { Esemeny.clear(); });
+  loadTest_.refused.handle(
+      [this] { Esemeny.show(Status::Warning, missingPermitText(load.TulH.Checked)); });
 }
 
 void Lap::Form_Load() {
@@ -92,7 +96,7 @@ void Lap::Form_Load() {
   marks.saved();
   port.LPT.ListIndex.observe([this] { showPort(); });
   showPort();
-  Esemeny.Caption = preferencesText(preferences_.standing());
+  Esemeny.show(Status::Warning, preferencesText(preferences_.standing()));
 }
 
 void Lap::loadInfo() {
@@ -181,7 +185,7 @@ void Lap::showPort() {
   const platform::PortState state = outside_.ports.state(selectedAddress());
   if (shownPort_ == state) return;
   shownPort_ = state;
-  PortAllapot.Caption = portText(state, port.LPT.text());
+  PortAllapot.show(portStatus(state), portText(state, port.LPT.text()));
 }
 
 void Lap::tellUploaded() {
@@ -189,48 +193,56 @@ void Lap::tellUploaded() {
   const long vanished = outside_.ports.vanished() - vanishedBefore_;
   if (inUse && vanished == 0) {
     marks.sent();
-    Esemeny.Caption = sentText(upload_.timing());
+    Esemeny.show(Status::Done, sentText(upload_.timing()));
   } else {
-    Esemeny.Caption = vanished < link::uploadWrites ? cutShortText() : nothingSentText();
+    Esemeny.show(Status::Fault, vanished < link::uploadWrites ? cutShortText() : nothingSentText());
   }
   uploaded.raise();
 }
 
 void Lap::openSetup() {
-  Esemeny.Caption = "";
+  Esemeny.clear();
   const store::OpenResult result = files_.MFSetNyit_Click();
   if (!result.records.empty()) marks.opened(result.records);
-  Esemeny.Caption = openingText(result);
+  const bool cutShort = result.failure == platform::Failure::EndOfFile;
+  Esemeny.show(
+      result.failure == platform::Failure::None || cutShort ? Status::Warning : Status::Fault,
+      openingText(result));
 }
 
 void Lap::saveSetup() {
-  Esemeny.Caption = "";
+  Esemeny.clear();
   const platform::Failure failure = files_.MFSetMent_Click();
   if (failure != platform::Failure::Cancel) {
     failure == platform::Failure::None ? marks.saved() : marks.notSaved();
   }
-  Esemeny.Caption = savingText(failure, outside_.Fileablak.FileName, files_.keptCopy());
+  const std::string& copy = files_.keptCopy();
+  const Status kind = failure != platform::Failure::None ? Status::Fault
+                      : copy.empty()                     ? Status::Done
+                                                         : Status::Warning;
+  Esemeny.show(kind, savingText(failure, outside_.Fileablak.FileName, copy));
 }
 
 OpenedFirmware Lap::openFirmware() {
-  Esemeny.Caption = "";
+  Esemeny.clear();
   OpenedFirmware opened;
   opened.read = firmware_.FirmwareNyit();
   kozos.Modositott = 0;
   const platform::Failure failure = opened.read.failure;
   if (failure != platform::Failure::Cancel && failure != platform::Failure::FileNotFound) {
     opened.image = firmware::checkImage(outside_.files, kozos.FirmwareUtvonal);
-    Esemeny.Caption =
-        firmwareText(opened.read, opened.image, kozos.FirmwareNev, setup.Verz.Caption);
+    Esemeny.show(firmwareStatus(opened.read, opened.image),
+                 firmwareText(opened.read, opened.image, kozos.FirmwareNev, setup.Verz.Caption));
   }
   return opened;
 }
 
 platform::Failure Lap::saveFirmware() {
-  Esemeny.Caption = "";
+  Esemeny.clear();
   kozos.Modositott = 0;
   const platform::Failure failure = firmware_.FirmwareMent();
-  Esemeny.Caption = savingText(failure, outside_.Fileablak.FileName);
+  Esemeny.show(failure == platform::Failure::None ? Status::Done : Status::Fault,
+               savingText(failure, outside_.Fileablak.FileName));
   return failure;
 }
 

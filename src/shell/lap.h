@@ -118,9 +118,9 @@ class Lap {
 
   /// The footer's status: which port serves the selected entry, or why none does, with the way to
   /// a remedy; and what the last operation came to, where no box tells it.
-  controls::Label PortAllapot;
+  controls::StatusLabel PortAllapot;
   controls::PushButton PortTeendo;
-  controls::Label Esemeny;
+  controls::StatusLabel Esemeny;
 
   SetupMarks marks{setup, kozos};
 

@@ -120,6 +120,12 @@ std::string portText(const PortState& state, std::string_view entry) {
   return "Semmi sem megy ki: " + portCause(state);
 }
 
+controls::Status portStatus(const PortState& state) {
+  using controls::Status;
+  if (!state.inUse() && state.kind != Kind::Untried) return Status::Fault;
+  return state.shared ? Status::Warning : Status::Plain;
+}
+
 platform::Remedy portRemedy(const PortState& state, std::string_view entry) {
   return {portText(state, entry), advice(state), command(state), !state.inUse()};
 }

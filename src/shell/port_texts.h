@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "controls/controls.h"
 #include "platform/port_states.h"
 #include "platform/remedy_box.h"
 
@@ -12,6 +13,9 @@ namespace monitra::shell {
 /// What the status line says of the port that serves an entry of LPT: which one it is, or why
 /// nothing goes out and what to do.
 std::string portText(const platform::PortState& state, std::string_view entry);
+
+/// How much that matters: nothing goes out, or printing gets in the way.
+controls::Status portStatus(const platform::PortState& state);
 
 /// The second half of that alone: why a port can't be used, and what to do. With a small letter.
 std::string portCause(const platform::PortState& state);

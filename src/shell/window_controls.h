@@ -11,11 +11,11 @@ namespace monitra::shell {
 
 /// A control of the model; none for one of the window description that only shows its words.
 using AnyControl =
-    std::variant<std::monostate, controls::Label*, controls::TextBox*, controls::SpinButton*,
-                 controls::CheckBox*, controls::PushButton*, controls::HoldButton*,
-                 controls::ToggleButton*, controls::OptionButton*, controls::PickList*,
-                 controls::ProgressBar*, controls::LedMeter*, controls::Frame*, controls::Line*,
-                 controls::MenuEntry*, controls::TabStrip*>;
+    std::variant<std::monostate, controls::Label*, controls::StatusLabel*, controls::TextBox*,
+                 controls::SpinButton*, controls::CheckBox*, controls::PushButton*,
+                 controls::HoldButton*, controls::ToggleButton*, controls::OptionButton*,
+                 controls::PickList*, controls::ProgressBar*, controls::LedMeter*, controls::Frame*,
+                 controls::Line*, controls::MenuEntry*, controls::TabStrip*>;
 
 /// The control of this name, or element of a control array, in the panels of the Lap, which must
 /// outlive it.

@@ -325,6 +325,12 @@ std::string spokenName(const ControlDescription& control, int index) {
   return name;
 }
 
+std::string_view spokenStatus(controls::Status kind) {
+  using controls::Status;
+  if (kind == Status::Plain) return {};
+  return kind == Status::Done ? "Kész: " : kind == Status::Warning ? "Figyelem: " : "Hiba: ";
+}
+
 std::span<const TabDescription> tabs() {
   return tabRow;
 }

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "controls/controls.h"
+
 namespace monitra::shell {
 
 enum class Kind {
@@ -62,6 +64,9 @@ const ControlDescription& describedControl(std::string_view name, int index = -1
 
 /// What a screen reader calls an element of the entry, without the text that a label shows.
 std::string spokenName(const ControlDescription& control, int index);
+
+/// What a screen reader says ahead of a status; nothing ahead of plain information.
+std::string_view spokenStatus(controls::Status kind);
 
 /// Captions of the tabs, in the order of SSTab1, with their mnemonics.
 struct TabDescription {

@@ -144,7 +144,7 @@ def upload(program):
     answer_box(program, "A feltöltés kész!", "OK")
     program.expect_heard(
         "&H378 PCB V4.x: 85 0 180 45 14 18 180 45 14 18 244 91 19 29 0 5 220 2 4 255")
-    report = program.value("Esemény")
+    report = program.value("Esemény").removeprefix("Kész: ")
     assert re.fullmatch(r"Kiküldve [0-9.]+ ms alatt, a leghosszabb szünet két él között [0-9.]+ ms"
                         r" volt. A vonal egyirányú, nyugta nem jön.", report), report
     program.find("Feltöltés", "label")

@@ -2,12 +2,30 @@
 
 #include "desktop/led_bar.h"
 #include "desktop/spin_arrows.h"
+#include "desktop/status_line.h"
 #include "desktop/text.h"
 #include "shell/window_controls.h"
 #include "support/window.h"
 
 namespace monitra::desktop {
 namespace {
+
+/// How much lighter one colour is than another, from 1 to 21.
+double contrast(const QColor& one, const QColor& other) {
+  const auto light = [](const QColor& colour) {
+    const auto part = [](double value) { return std::pow((value + 0.055) / 1.055, 2.4); };
+    return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) +
+           0.0722 * part(colour.blueF()) + 0.05;
+  };
+  return std::max(light(one), light(other)) / std::min(light(one), light(other));
+}
+
+/// The shape of what stands ahead of a text.
+QByteArray signOf(StatusLine& line) {
+  const QImage sign = line.grab(QRect(0, 0, line.fontMetrics().ascent(), line.height())).toImage();
+  const QImage shape = sign.createHeuristicMask();
+  return {reinterpret_cast<const char*>(shape.bits()), shape.sizeInBytes()};
+}
 
 /// A control and its widget, which must show what the program sets and tell what the user does. A
 /// counter takes the place of what the program does at the control's event.
@@ -58,6 +76,23 @@ struct Pair {
       const QColor own = QApplication::palette().color(QPalette::Window);
       EXPECT_EQ(as<QLabel>().palette().color(QPalette::Window), isSet ? QColor(255, 0, 0) : own);
       EXPECT_EQ(as<QLabel>().autoFillBackground(), isSet);
+    }
+  }
+  void operator()(controls::StatusLabel* status) {
+    (*this)(static_cast<controls::Label*>(status));
+    auto& line = as<StatusLine>();
+    const QPalette light = QApplication::palette();
+    for (const QPalette& theme : {QPalette(QColor(0x35, 0x35, 0x35)), light}) {
+      QApplication::setPalette(theme);
+      std::set<QRgb> inks;
+      std::set<QByteArray> signs;
+      for (int kind = 0; kind < 4; ++kind) {
+        status->show(controls::Status(kind), "||||");
+        EXPECT_TRUE(kind == 0 || contrast(line.ink(), theme.window().color()) >= 4.5) << kind;
+        inks.insert(line.ink().rgb());
+        signs.insert(signOf(line));
+      }
+      EXPECT_EQ(inks.size() + signs.size(), 8) << "not by colour alone";
     }
   }
   void operator()(controls::TextBox* box) {

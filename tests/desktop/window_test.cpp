@@ -73,8 +73,10 @@ TEST_F(TheWindow, WhatBelongsTogetherStandsInLine) {
 int cutOff(const QWidget* widget) {
   if (widget->inherits("QLineEdit") || dynamic_cast<const StatusLine*>(widget) != nullptr) {
     constexpr int frame = 6;
+    const auto* const status = dynamic_cast<const StatusLine*>(widget);
+    const int taken = status != nullptr ? status->signWidth() : frame;
     const QString text = widget->property("text").toString();
-    return widget->fontMetrics().horizontalAdvance(text) + frame - widget->width();
+    return widget->fontMetrics().horizontalAdvance(text) + taken - widget->width();
   }
   const auto* const label = qobject_cast<const QLabel*>(widget);
   if (label != nullptr && label->wordWrap()) {
@@ -108,14 +110,14 @@ void TheWindow::giveLongestTexts() {
   lap.setup.Vegallas.Caption = "Végállások állapota: Záró";
   lap.setup.Uthossz.Caption = "19660";
   lap.load.Taptext.Text = " 166.6%";
-  lap.Esemeny.Caption =
-      "Kiküldve 1488.8 ms alatt, a leghosszabb szünet két él között 100.0 ms volt. A vonal "
-      "egyirányú, nyugta nem jön.";
-  lap.PortAllapot.Caption = shell::portText({.kind = platform::PortState::Kind::Busy,
-                                             .address = 0xD010,
-                                             .node = "/dev/parport0",
-                                             .holder = "Monitra Setup (1234567)"},
-                                            "&H3BC");
+  lap.Esemeny.show(controls::Status::Done,
+                   "Kiküldve 1488.8 ms alatt, a leghosszabb szünet két él között 100.0 ms volt. A "
+                   "vonal egyirányú, nyugta nem jön.");
+  const platform::PortState busy{.kind = platform::PortState::Kind::Busy,
+                                 .address = 0xD010,
+                                 .node = "/dev/parport0",
+                                 .holder = "Monitra Setup (1234567)"};
+  lap.PortAllapot.show(shell::portStatus(busy), shell::portText(busy, "&H3BC"));
 }
 
 TEST_F(TheWindow, CutsNothingOffAndKeepsItsSizeAlsoWithLargerFonts) {

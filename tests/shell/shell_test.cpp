@@ -1,4 +1,5 @@
 #include "shell/port_texts.h"
+#include "shell/window_description.h"
 #include "support/image.h"
 #include "support/program.h"
 #include "support/rows.h"
@@ -35,7 +36,10 @@ struct Shell : testing::Test, Program {
     dialog.path = scratch.write("fw.hex", bytes);
     lap.openFirmware();
   }
-  std::string line() const { return lap.Esemeny.Caption; }
+  /// With what tells its kind.
+  std::string line() const {
+    return std::string(spokenStatus(lap.Esemeny.Kind)) + lap.Esemeny.Caption.get();
+  }
   std::string marks() const { return lap.marks.savedMark() + "|" + lap.marks.sentMark(); }
 };
 
@@ -174,19 +178,19 @@ TEST_F(Shell, AnUploadTellsItsTimeAndItsLongestPauseOrThatNotAllWentOut) {
     return line();
   };
   EXPECT_EQ(upload(479, 0),
-            "A port feltöltés közben eltűnt, a Setup nem ment ki egészen. Töltse fel újra!");
+            "Hiba: A port feltöltés közben eltűnt, a Setup nem ment ki egészen. Töltse fel újra!");
   EXPECT_EQ(upload(0, 0),
-            "Nem ment ki semmi, mert nincs használható port. A port sora megmondja, miért.");
+            "Hiba: Nem ment ki semmi, mert nincs használható port. A port sora megmondja, miért.");
   EXPECT_EQ(marks(), "|Még nincs feltöltve");
   // One write puts the line to idle behind what was cut short. Between two edges are up to two
   // waits: the data line keeps its level for equal bits.
   EXPECT_EQ(upload(481, 330),
-            "Kiküldve 638.4 ms alatt, a leghosszabb szünet két él között 2.7 ms volt. "
+            "Kész: Kiküldve 638.4 ms alatt, a leghosszabb szünet két él között 2.7 ms volt. "
             "A vonal egyirányú, nyugta nem jön.");
   EXPECT_EQ(marks(), "|");
   EXPECT_NE(upload(-1, 33).find(" 2.1 ms"), std::string::npos) << line();
   ports.now.kind = platform::PortState::Kind::Lost;
-  EXPECT_EQ(upload(-1, 0).substr(0, 7), "A port ") << "found out behind the last write";
+  EXPECT_EQ(upload(-1, 0).substr(0, 13), "Hiba: A port ") << "found out behind the last write";
   EXPECT_EQ(told, 5);
   EXPECT_EQ(ports.messages, 5) << "each of them as a whole";
   lap.endWithoutQuestion();
@@ -206,7 +210,8 @@ TEST(PortTexts, NameThePortInUseOrTellWhyNothingGoesOutAndTheRemedy) {
                           .shared = row[4] == "shared",
                           .error = 5};
     const auto [text, advice, command, canRetry] = portRemedy(state, "&H378");
-    const std::string begin = text.substr(0, row[5].size()),
+    const std::string status = std::string(spokenStatus(portStatus(state))) + text,
+                      begin = status.substr(0, row[5].size()),
                       word = advice.substr(0, advice.find(' '));
     EXPECT_EQ((Row{begin, command, word}), Row(row.begin() + 5, row.end()));
     EXPECT_NE(canRetry, state.inUse()) << text;
@@ -271,7 +276,7 @@ TEST_F(Shell, ADroppedFileAnswersTheDialogOnce) {
   lap.openDropped(scratch.write("a.PWM", "300\r\n"));
   EXPECT_EQ(lap.form.Caption.get(), "Vilor CNC Monitra V2.2.0  (a.PWM)");
   for (const char* other : {"a.txt", "pwm", ".hexa", "/mappa.hex/fw", ""}) lap.openDropped(other);
-  EXPECT_EQ(line().find("A fájl hiányos: 1 sor"), 0U);
+  EXPECT_EQ(line().find("Figyelem: A fájl hiányos: 1 sor"), 0U);
   EXPECT_TRUE(same(journal, {}));
   lap.MFSetNyit.click();
   EXPECT_TRUE(same(journal, {open})) << "later dialogs come up again";
@@ -288,10 +293,10 @@ TEST_F(Shell, BeepsLeaveTheProgramAndAMissingPermitIsPutIntoWords) {
   EXPECT_TRUE(same(journal, {"beep"}));
   for (int n = 0; n < 7; ++n) lap.load.TapFel.click();
   EXPECT_EQ(std::ranges::count(journal, "beep"), 2) << "with the seventh click only";
-  EXPECT_EQ(line().substr(0, 4), "100%");
+  EXPECT_EQ(line().substr(0, 14), "Figyelem: 100%");
   lap.load.TulH.click();
   for (int n = 0; n < 4; ++n) lap.load.TapFel.click();
-  EXPECT_EQ(line().substr(0, 4), "150%");
+  EXPECT_EQ(line().substr(0, 14), "Figyelem: 150%");
   lap.load.TapStop.click();
   EXPECT_EQ(line(), "");
 }

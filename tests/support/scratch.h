@@ -8,14 +8,18 @@
 #include <stdlib.h>
 #include <string>
 #include <sys/wait.h>
+#include <unistd.h>
 
 namespace monitra::support {
 
-/// A folder of its own for each test, removed with the object.
+/// A folder of its own for each test, in memory where that can be, removed with the object.
 class Scratch {
  public:
   Scratch() {
-    std::string name = (std::filesystem::temp_directory_path() / "monitra-XXXXXX").string();
+    const bool inMemory = ::access("/dev/shm", W_OK) == 0;
+    const auto base =
+        inMemory ? std::filesystem::path("/dev/shm") : std::filesystem::temp_directory_path();
+    std::string name = (base / "monitra-XXXXXX").string();
     folder_ = ::mkdtemp(name.data());
   }
   Scratch(const Scratch&) = delete;
