@@ -1,10 +1,12 @@
 #include <iostream>
 
 #include "apps/window_program.h"
+#include "host/executable.h"
 #include "ports/real_ports.h"
 
 int main(int argc, char** argv) {
   using namespace monitra;
+  host::openStandardDescriptors();
   ports::RealPorts ports;
   const auto tellChanges = [](shell::Lap& lap) {
     lap.PortAllapot.Caption.observe(

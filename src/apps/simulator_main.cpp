@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "apps/window_program.h"
+#include "host/executable.h"
 #include "link/port_selection.h"
 #include "ports/simulated_port.h"
 
@@ -114,6 +115,7 @@ class Report {
 }  // namespace
 
 int main(int argc, char** argv) {
+  host::openStandardDescriptors();
   ports::SimulatedPort port;
   std::unique_ptr<Report> report;
   return apps::run(argc, argv,

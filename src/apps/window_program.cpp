@@ -3,10 +3,12 @@
 #include <QApplication>
 #include <QIcon>
 #include <QLibraryInfo>
+#include <QTimer>
 #include <QTranslator>
 #include <cstdlib>
 #include <iostream>
 
+#include "apps/named_file.h"
 #include "desktop/accessibility.h"
 #include "desktop/end_watch.h"
 #include "desktop/main_window.h"
@@ -67,6 +69,9 @@ int run(int argc, char** argv, const WindowProgram& program) {
   window.showCentred();
   if (program.started) program.started(lap);
   std::cout << lap.PortAllapot.Caption.get() << std::endl;
+  QTimer::singleShot(0, &window, [&] {
+    if (argc > 1) openNamed(lap, files, {argv + 1, argv + argc});
+  });
   const int exitCode = QApplication::exec();
   lap.endWithoutQuestion();
   return exitCode;

@@ -18,8 +18,9 @@ struct WindowProgram {
   std::function<void(shell::Lap&)> started;
 };
 
-/// Runs the program until its shutdown, which ends the process. Returns an exit code only if that
-/// never came about.
+/// Runs the program with the file that the command line names, if there is one, until its shutdown,
+/// which ends the process. Returns an exit code only if that never came about. The standard
+/// descriptors must be open.
 int run(int argc, char** argv, const WindowProgram& program);
 
 }  // namespace monitra::apps

@@ -33,7 +33,7 @@ void catchSignals() {
   struct sigaction action {};
   action.sa_handler = onSignal;
   action.sa_flags = SA_RESTART;
-  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+  for (const int signal : {SIGTERM, SIGINT, SIGQUIT, SIGHUP}) {
     struct sigaction before {};
     ::sigaction(signal, nullptr, &before);
     if (signal == SIGHUP && before.sa_handler == SIG_IGN) continue;

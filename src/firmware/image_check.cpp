@@ -21,6 +21,8 @@ constexpr std::size_t addressDigits = 4;
 constexpr std::size_t blockRecordLength = 43;
 constexpr std::size_t overheadBytes = 5;  ///< of a record: count, address, type, checksum
 
+constexpr std::size_t mostFaults = 20;  ///< kept, besides the decisive ones
+
 enum RecordType : int { data = 0, endOfFile = 1, segment = 2, linear = 4 };
 
 /// Data bytes of a record of each type; -1: any number.
@@ -67,7 +69,7 @@ std::string recordFault(std::string_view line) {
 
 class Checker {
  public:
-  explicit Checker(std::size_t mostFaults) : mostFaults_(mostFaults) {}
+  explicit Checker(const FaultSink& sink) : sink_(sink) {}
 
   void take(std::string_view line) {
     ++line_;
@@ -157,13 +159,13 @@ class Checker {
 
   /// A decisive fault is one of the block or of the file as a whole.
   void fault(long line, const std::string& reason, bool decisive) {
+    const ImageFault found{line, reason, decisive};
     ++report_.faultCount;
-    if (decisive || report_.faults.size() < mostFaults_) {
-      report_.faults.push_back({line, reason, decisive});
-    }
+    if (decisive || report_.faults.size() < mostFaults) report_.faults.push_back(found);
+    if (sink_) sink_(found);
   }
 
-  std::size_t mostFaults_;
+  const FaultSink& sink_;
   ImageReport report_;
   long line_ = 0;
   int next_ = 0;  ///< the block's record to come
@@ -175,10 +177,10 @@ class Checker {
 
 }  // namespace
 
-ImageReport checkImage(platform::Files& files, const std::string& path, std::size_t mostFaults) {
+ImageReport checkImage(platform::Files& files, const std::string& path, const FaultSink& sink) {
   std::unique_ptr<platform::ByteReader> file;
   Failure failure = files.openForReading(path, file);
-  Checker checker(mostFaults);
+  Checker checker(sink);
   if (failure == Failure::None) {
     store::TextReader source(std::move(file), longestImageLine);
     std::string line;

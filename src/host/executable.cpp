@@ -1,10 +1,21 @@
 #include "host/executable.h"
 
 #include <csignal>
+#include <fcntl.h>
 #include <filesystem>
 #include <system_error>
+#include <unistd.h>
 
 namespace monitra::host {
+
+void openStandardDescriptors() {
+  // The lowest free number is the one that is given.
+  int given = -1;
+  do {
+    given = ::open("/", O_PATH);
+  } while (given >= 0 && given <= STDERR_FILENO);
+  if (given > STDERR_FILENO) ::close(given);
+}
 
 void surviveWriteSignals() {
   std::signal(SIGPIPE, SIG_IGN);

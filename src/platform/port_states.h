@@ -25,6 +25,8 @@ struct PortState {
     Printing,      ///< the printer's driver is using it just now
     Lost,          ///< it went away while in use
     Failed,        ///< the system refused it for some other reason
+    NoLockFolder,  ///< the folder /run/lock, where programs keep out of each other's way, is
+                   ///< missing
   };
 
   Kind kind = Kind::NoPort;

@@ -120,8 +120,10 @@ RawDriver::Locked RawDriver::lookAndLock(const FoundPort& port) {
       locked.address.lockSoon() && (!locked.node.isOpen() || locked.node.lockSoon());
   const std::vector<std::string> registered = folder_.registered(port);
   if (!locked.address.isOpen()) {
-    locked.state.kind = Kind::Failed;
-    locked.state.error = locked.address.error();
+    const int error = locked.address.error();
+    // The file would be made, so what is not found is its folder.
+    locked.state.kind = error == ENOENT ? Kind::NoLockFolder : Kind::Failed;
+    locked.state.error = error;
   } else if (isFree && registered.empty()) {
     locked.state.kind = Kind::Untried;
     locked.state.node.clear();

@@ -50,6 +50,8 @@ std::string command(const PortState& state) {
       return "sudo usermod -aG " + state.group + " $USER";
     case Kind::Printing:
       return "sudo systemctl stop cups cups.socket cups.path; sudo modprobe -r lp";
+    case Kind::NoLockFolder:
+      return "sudo mkdir -p -m 1777 /run/lock";
     case Kind::Busy:
       return state.holderIsDriver ? "sudo modprobe -r " + moduleOf(state.holder) : std::string{};
     default:
@@ -105,6 +107,8 @@ std::string portCause(const PortState& state) {
       return theOne(state) + " épp nyomtat. Várja meg, vagy állítsa le!";
     case Kind::Lost:
       return theOne(state) + " használat közben eltűnt. Töltse be a meghajtót!";
+    case Kind::NoLockFolder:
+      return "hiányzik a /run/lock mappa, amely a port lefoglalásához kell. Hozza létre!";
     case Kind::Failed:
       return theOne(state) + " nem nyílik meg, a hiba kódja " + std::to_string(state.error) + ".";
     default:

@@ -126,7 +126,7 @@ TEST_F(Ctl, TheRecordOfAnUploadHoldsItsBytesAndTimesOnTheChosenPortAndBoard) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.port);
     const std::string sent =
-        run("monitra-ctl upload a.pwm --port sim --yes --vcd a.vcd" + row.options).output;
+        run("monitra-ctl upload a.pwm --port sim --yes --force --vcd a.vcd" + row.options).output;
     EXPECT_NE(sent.find(row.port), std::string::npos) << sent;
     EXPECT_EQ(run("grep -c '^#' a.vcd").output, "484\n")
         << "the start, the first state, the line to idle, the writes, the end";

@@ -55,12 +55,13 @@ def xdotool(*arguments):
 
 
 class Program:
-    def __init__(self, path, home):
+    def __init__(self, path, home, *arguments, closed=""):
         import pyatspi  # asks for the display at once
         self.atspi = pyatspi
         environment = dict(os.environ, HOME=str(home), XDG_CONFIG_HOME=str(home),
                            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb")
-        self.process = subprocess.Popen([path], cwd=home, env=environment, text=True,
+        self.process = subprocess.Popen(["sh", "-c", 'exec "$0" "$@" ' + closed, path, *arguments],
+                                        cwd=home, env=environment, text=True,
                                         stdout=open(home / "heard", "w"))
         self.heard_file = home / "heard"
         self.root = wait_for("the program on the accessibility bus", self.application)
@@ -198,6 +199,39 @@ def save_and_quit(program, folder):
     assert '"Seb": "500"' in (folder / "monitra" / "monitra-szimulator.json").read_text()
 
 
+def end_without_descriptors(simulator, folder):
+    """The display's connection must not get the number of one that is closed."""
+    for closed in ("<&- 2>&-", ">&-", "<&- >&- 2>&-"):
+        preferences = folder / "monitra" / "monitra-szimulator.json"
+        preferences.unlink()
+        program = Program(simulator, folder, closed=closed)
+        try:
+            program.find("Fájl", "menu item")
+            program.process.terminate()
+            assert program.process.wait(PATIENCE) == 0, closed
+        finally:
+            program.process.kill()
+        assert preferences.exists()
+        assert len(program.heard()) == (4 if closed == "<&- 2>&-" else 0), program.heard()
+
+
+def open_named(simulator, folder):
+    """A file on the command line is opened; of anything else the event line tells."""
+    for arguments, told in (
+            (["gep.pwm"], ""),
+            (["nincs.pwm"], "A(z) 'nincs.pwm' nem található, ezért nem nyílt meg."),
+            (["a.txt"], "A(z) 'a.txt' nem Setup (.pwm) és nem firmware (.hex), ezért nem nyílt meg."),
+            (["gep.pwm"] * 2, "Induláskor csak egy fájl adható meg, ezért egyik sem nyílt meg.")):
+        program = Program(simulator, folder, *arguments)
+        try:
+            if told:
+                program.find("Esemény: " + told)
+            program.find("Túlhajtás jelzés X: " + ("333.000 S/s" if told else "673.400 S/s"))
+        finally:
+            program.process.kill()
+            program.process.wait()
+
+
 def drive(simulator, examples, folder):
     shutil.copy(examples / "gyors-xy.pwm", folder / "gep.pwm")
     with Desktop():
@@ -213,6 +247,8 @@ def drive(simulator, examples, folder):
             raise
         finally:
             program.process.kill()
+        end_without_descriptors(simulator, folder)
+        open_named(simulator, folder)
 
 
 def main():

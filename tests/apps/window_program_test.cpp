@@ -38,7 +38,7 @@ TEST(WindowProgram, EverySignalRunsTheShutdownWithoutItsQuestion) {
   for (const std::string bytes : {"99 0 16", "110 0 16", "120 0 16"}) {
     sent += "&H378 PCB V4.x: " + bytes + " (X 0, Y 0, Z 0, terhelés 0%)\n";
   }
-  for (const std::string signal : {"TERM", "INT", "HUP"}) {
+  for (const std::string signal : {"TERM", "INT", "QUIT", "HUP"}) {
     EXPECT_EQ(endedBy(signal, "monitra-szimulator"), first + sent + stored) << signal;
   }
   EXPECT_EQ(endedBy("TERM", "monitra-szimulator", "sed -u 1q"), first + stored)

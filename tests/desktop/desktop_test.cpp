@@ -131,6 +131,7 @@ TEST_F(Desktop, TheWordToEndFromOutsideEndsOnceWithoutAQuestion) {
   for (const auto& [signal, before, ends] : {std::tuple(SIGHUP, SIG_IGN, 0),
                                              {SIGHUP, SIG_DFL, 1},
                                              {SIGTERM, SIG_DFL, 1},
+                                             {SIGQUIT, SIG_DFL, 1},
                                              {SIGINT, SIG_DFL, 1}}) {
     SCOPED_TRACE(signal);
     std::signal(signal, before);
@@ -144,7 +145,7 @@ TEST_F(Desktop, TheWordToEndFromOutsideEndsOnceWithoutAQuestion) {
     EXPECT_EQ(ended, ends);
     EXPECT_TRUE(QApplication::sendEvent(qApp, &quit)) << "the loop goes on until the end";
     EXPECT_EQ(ended, 1);
-    for (const int caught : {SIGHUP, SIGTERM, SIGINT}) std::signal(caught, SIG_DFL);
+    for (const int caught : {SIGHUP, SIGTERM, SIGQUIT, SIGINT}) std::signal(caught, SIG_DFL);
   }
 }
 

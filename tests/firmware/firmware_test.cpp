@@ -269,8 +269,13 @@ TEST_F(Firmware, TheCheckTellsTheFirstFaultsAndAllDecisiveOnes) {
   std::string page;
   for (int line = 0; line < 30; ++line) page += "<br>\n";
   page += block.line4200 + "\n" + block.line4210 + "\nx\n";
-  const ImageReport report = checkImage(files, scratch.write("k.hex", page));
+  std::vector<long> told;
+  const ImageReport report =
+      checkImage(files, scratch.write("k.hex", page),
+                 [&told](const ImageFault& fault) { told.push_back(fault.line); });
   EXPECT_EQ(report.faultCount, 32);
+  ASSERT_EQ(told.size(), 32U) << "each as it is found";
+  EXPECT_TRUE(told[29] == 30 && told[30] == 33 && told[31] == 0);
   EXPECT_EQ(report.records, 2);
   EXPECT_EQ(report.blockLine, 31);
   ASSERT_EQ(report.faults.size(), 22U);

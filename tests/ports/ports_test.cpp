@@ -197,7 +197,7 @@ TEST_F(KernelFolders, GiveThePortsByNumberAndTellWhatIsNotThere) {
 
 TEST_F(KernelFolders, TellWhoHasAPortByEitherWay) {
   makePort();
-  EXPECT_EQ(raw.look(port), of(Kind::Failed, ENOENT)) << "without a folder for locks";
+  EXPECT_EQ(raw.look(port), of(Kind::NoLockFolder, ENOENT)) << "without a folder for locks";
   make("run/lock/x");
   EXPECT_EQ(driver.look(port), of(Kind::Untried));
   EXPECT_EQ(driver.open(port, {}).state, of(Kind::Failed, ENOTTY)) << "a node without a port";

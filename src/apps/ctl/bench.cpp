@@ -50,6 +50,10 @@ Bench::Bench(const PortOptions& options)
                             const ports::Received& message) { printReceived(controller, message); };
 }
 
+Bench::~Bench() {
+  std::cout.flush();
+}
+
 ExitCode Bench::tellPort() {
   const link::PinMap& pins = link::pinMap(lap().pcb());
   const auto names = link::dataPinNames(pins);

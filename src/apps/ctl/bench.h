@@ -45,6 +45,10 @@ class Connection : public platform::PortRegisters {
 class Bench {
  public:
   explicit Bench(const PortOptions& options);
+  Bench(const Bench&) = delete;
+  Bench& operator=(const Bench&) = delete;
+  /// A signal that has waited comes now, so what is printed must be out.
+  ~Bench();
 
   /// Prints which port it will be and the pins of the serial line; or, to standard error, why there
   /// is none and what to do. Without questions a port and a board that nobody has chosen are a

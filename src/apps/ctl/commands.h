@@ -48,7 +48,8 @@ struct PortOptions {
 struct UploadOptions {
   std::string file;
   PortOptions port;
-  std::string vcd;  ///< file for the record of register writes; empty: none
+  std::string vcd;     ///< file for the record of register writes; empty: none
+  bool force = false;  ///< the record may replace a file
 };
 
 /// Sends a Setup file to a port, the way the program's button does; prints what the virtual

@@ -1,7 +1,7 @@
 #include <filesystem>
 #include <iostream>
-#include <limits>
 #include <system_error>
+#include <utility>
 
 #include "apps/ctl/commands.h"
 #include "apps/ctl/session.h"
@@ -17,6 +17,10 @@ using platform::Failure;
 
 namespace {
 
+void tellUnreadable(Failure failure, const std::string& file) {
+  if (failure != Failure::None) std::cerr << shell::unreadableText(failure, file) << '\n';
+}
+
 /// What is wrong with an image, or why it can't be read.
 void tellFaults(const firmware::ImageReport& image, const std::string& file) {
   for (const firmware::ImageFault& fault : image.faults) {
@@ -24,9 +28,7 @@ void tellFaults(const firmware::ImageReport& image, const std::string& file) {
   }
   const long more = image.faultCount - static_cast<long>(image.faults.size());
   if (more > 0) std::cerr << "... és még " << more << " hiba.\n";
-  if (image.failure != Failure::None) {
-    std::cerr << shell::unreadableText(image.failure, file) << '\n';
-  }
+  tellUnreadable(image.failure, file);
 }
 
 void tellReading(const shell::OpenedFirmware& opened, const std::string& file) {
@@ -124,9 +126,19 @@ ExitCode firmwarePatch(const PatchOptions& options) {
 
 ExitCode firmwareVerify(const std::string& file) {
   host::HostFiles files;
+  // Each write to standard error is a call to the system, so many lines go out as one.
+  constexpr std::size_t block = 65536;
+  std::string told;
+  const auto tell = [&told](std::size_t upTo) {
+    if (told.size() > upTo) std::cerr << std::exchange(told, {});
+  };
   const firmware::ImageReport image =
-      firmware::checkImage(files, file, std::numeric_limits<std::size_t>::max());
-  tellFaults(image, file);
+      firmware::checkImage(files, file, [&](const firmware::ImageFault& fault) {
+        told += shell::faultText(fault, file) + '\n';
+        tell(block);
+      });
+  tell(0);
+  tellUnreadable(image.failure, file);
   if (image.failure != Failure::None) return fileError;
   std::cout << file << ": " << image.records << " rekord, "
             << (image.faultCount == 0 ? "hibátlan" : std::to_string(image.faultCount) + " hiba");

@@ -22,6 +22,13 @@ CLI::Validator oneOf(const std::vector<std::string>& words) {
           {}};
 }
 
+/// Why there is no command, by the words that the parser could not place.
+std::string commandFault(const std::vector<std::string>& unknown) {
+  if (unknown.empty()) return "hiányzik: a parancs";
+  const std::string& first = unknown.front();
+  return (first.starts_with('-') ? "ismeretlen kapcsoló: " : "ismeretlen parancs: ") + first;
+}
+
 /// The parser's errors in Hungarian, by kind.
 std::string usageText(const CLI::App* app, const CLI::Error& error) {
   std::string text = "Hibás parancssor: ";
@@ -29,7 +36,7 @@ std::string usageText(const CLI::App* app, const CLI::Error& error) {
   switch (static_cast<CLI::ExitCodes>(error.get_exit_code())) {
     case CLI::ExitCodes::RequiredError: {
       const std::string name = what.substr(0, what.find(" is required"));
-      text += "hiányzik: " + (name == "A subcommand" ? "a parancs" : name);
+      text += name == "A subcommand" ? commandFault(app->remaining(true)) : "hiányzik: " + name;
       break;
     }
     case CLI::ExitCodes::ExtrasError:
@@ -49,6 +56,13 @@ std::string usageText(const CLI::App* app, const CLI::Error& error) {
 
 constexpr const char* optionGroup = "Kapcsolók";
 
+/// "monitra-ctl 2.2.0"
+std::string versionText(const std::string& name) {
+  const auto program = monitra::host::programIdentity(name);
+  return name + " " + std::to_string(program.Major) + "." + std::to_string(program.Minor) + "." +
+         std::to_string(program.Revision);
+}
+
 void makeHungarian(CLI::App& app) {
   const auto formatter = app.get_formatter();
   formatter->label("Usage", "Használat");
@@ -57,6 +71,8 @@ void makeHungarian(CLI::App& app) {
   formatter->label("Positionals", "Adatok");
   formatter->label("REQUIRED", "(kötelező)");
   app.set_help_flag("-h,--help", "Ez a segítség")->group(optionGroup);
+  app.set_version_flag("--version", versionText(app.get_name()), "A program verziója")
+      ->group(optionGroup);
   app.option_defaults()->group(optionGroup);
 }
 
@@ -101,6 +117,7 @@ void addUpload(CLI::App& app, UploadOptions& options) {
   addPort(command, options.port);
   command->add_option("--vcd", options.vcd, "A port minden írása ebbe a fájlba (Value Change Dump)")
       ->option_text("OUT.vcd");
+  command->add_flag("--force", options.force, "A --vcd felülírhat egy meglévő fájlt");
 }
 
 void addOff(CLI::App& app, PortOptions& options) {
@@ -198,6 +215,7 @@ int run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  monitra::host::openStandardDescriptors();
   monitra::host::surviveWriteSignals();
   int exitCode = fileError;
   try {

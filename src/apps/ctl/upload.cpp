@@ -1,12 +1,11 @@
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <iomanip>
 #include <iostream>
-#include <system_error>
+#include <optional>
 
 #include "apps/ctl/bench.h"
 #include "apps/ctl/commands.h"
+#include "apps/ctl/record_file.h"
 #include "link/pin_names.h"
 #include "ports/vcd.h"
 
@@ -33,31 +32,18 @@ void printTiming(const std::vector<ports::PortEvent>& events) {
             << " ms, legfeljebb " << Milliseconds(longest).count() << " ms telt el.\n";
 }
 
-/// Opens the file for the record; tells why that can't be.
-bool openVcd(std::ofstream& file, const UploadOptions& options) {
-  if (options.vcd.empty()) return true;
-  std::error_code error;
-  if (std::filesystem::equivalent(options.vcd, options.file, error)) {
-    std::cerr << "A --vcd fájlja maga a Setup fájl. Adjon meg másikat!\n";
-    return false;
-  }
-  file.open(options.vcd, std::ios::trunc);
-  if (!file) std::cerr << "A(z) '" << options.vcd << "' fájl nem írható. Adjon meg más helyet!\n";
-  return file.good();
-}
-
-/// Writes the record where it was asked for; tells if it is not complete.
-bool writeVcd(std::ofstream& file, const UploadOptions& options, const shell::Lap& lap,
-              const std::vector<ports::PortEvent>& events) {
-  if (options.vcd.empty()) return true;
+std::string vcdOf(const shell::Lap& lap, const std::vector<ports::PortEvent>& events) {
   const link::PinMap& pins = link::pinMap(lap.pcb());
   const std::int32_t address = link::portAddress(lap.port.LPT.text());
-  file << ports::vcd({address, link::controlAddress(address), link::dataPinNames(pins),
-                      link::controlPinNames(pins)},
-                     events);
-  file.close();
-  if (!file) std::cerr << "A(z) '" << options.vcd << "' fájl írása félbemaradt.\n";
-  return file.good();
+  return ports::vcd({address, link::controlAddress(address), link::dataPinNames(pins),
+                     link::controlPinNames(pins)},
+                    events);
+}
+
+ExitCode refused(const std::string& why) {
+  if (why.empty()) return done;
+  std::cerr << why << '\n';
+  return fileError;
 }
 
 }  // namespace
@@ -71,8 +57,9 @@ ExitCode upload(const UploadOptions& options) {
     return fileError;
   }
   if (const ExitCode usable = bench.tellPort(); usable != done) return usable;
-  std::ofstream vcdFile;
-  if (!openVcd(vcdFile, options)) return fileError;
+  std::optional<RecordFile> record;
+  if (!options.vcd.empty()) record.emplace(options.vcd, options.force);
+  if (record && refused(record->prepare(options.file)) != done) return fileError;
 
   bool sent = false;
   lap.uploaded.handle([&sent] { sent = true; });
@@ -83,8 +70,9 @@ ExitCode upload(const UploadOptions& options) {
   } else {
     std::cout << "Nem ment ki semmi.\n";
   }
-  if (!writeVcd(vcdFile, options, lap, bench.events())) return fileError;
-  return bench.closing();
+  const ExitCode ended = bench.closing();
+  if (!record || !sent || ended != done) return ended;
+  return refused(record->write(vcdOf(lap, bench.events())));
 }
 
 }  // namespace monitra::ctl

@@ -1,0 +1,39 @@
+#include "apps/named_file.h"
+
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+#include "shell/file_kind.h"
+
+namespace monitra::apps {
+
+namespace {
+
+/// Why nothing is opened; empty if the file can be.
+std::string refusal(std::span<char* const> arguments, platform::Files& files) {
+  if (arguments.size() > 1)
+    return "Induláskor csak egy fájl adható meg, ezért egyik sem nyílt meg.";
+  const std::string path = arguments.front();
+  const std::string name = "A(z) '" + path + "' ";
+  if (shell::fileKind(path) == shell::FileKind::None) {
+    return name + "nem Setup (.pwm) és nem firmware (.hex), ezért nem nyílt meg.";
+  }
+  return files.Dir(path).empty() ? name + "nem található, ezért nem nyílt meg." : std::string{};
+}
+
+}  // namespace
+
+void openNamed(shell::Lap& lap, platform::Files& files, std::span<char* const> arguments) {
+  if (arguments.empty()) return;
+  const std::string before = lap.Esemeny.Caption;
+  std::error_code error;
+  const std::string path = std::filesystem::absolute(arguments.front(), error);
+  const std::string why = refusal(arguments, files);
+  why.empty() ? lap.openDropped(path) : void(lap.Esemeny.Caption = why);
+  // What the start had to say must not be lost.
+  const std::string told = lap.Esemeny.Caption;
+  if (!before.empty()) lap.Esemeny.Caption = told.empty() ? before : before + " " + told;
+}
+
+}  // namespace monitra::apps
