@@ -1,5 +1,6 @@
 #include "apps/named_file.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <system_error>
@@ -27,13 +28,16 @@ std::string refusal(std::span<char* const> arguments, platform::Files& files) {
 void openNamed(shell::Lap& lap, platform::Files& files, std::span<char* const> arguments) {
   if (arguments.empty()) return;
   const std::string before = lap.Esemeny.Caption;
+  const controls::Status kindBefore = lap.Esemeny.Kind;
   std::error_code error;
   const std::string path = std::filesystem::absolute(arguments.front(), error);
   const std::string why = refusal(arguments, files);
-  why.empty() ? lap.openDropped(path) : void(lap.Esemeny.Caption = why);
+  why.empty() ? lap.openDropped(path) : lap.Esemeny.show(controls::Status::Warning, why);
+  if (before.empty()) return;
   // What the start had to say must not be lost.
   const std::string told = lap.Esemeny.Caption;
-  if (!before.empty()) lap.Esemeny.Caption = told.empty() ? before : before + " " + told;
+  lap.Esemeny.show(std::max(kindBefore, lap.Esemeny.Kind.get()),
+                   told.empty() ? before : before + " " + told);
 }
 
 }  // namespace monitra::apps

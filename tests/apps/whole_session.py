@@ -222,10 +222,11 @@ def open_named(simulator, folder):
             (["nincs.pwm"], "A(z) 'nincs.pwm' nem található, ezért nem nyílt meg."),
             (["a.txt"], "A(z) 'a.txt' nem Setup (.pwm) és nem firmware (.hex), ezért nem nyílt meg."),
             (["gep.pwm"] * 2, "Induláskor csak egy fájl adható meg, ezért egyik sem nyílt meg.")):
+        (folder / "monitra" / "monitra-szimulator.json").unlink(missing_ok=True)
         program = Program(simulator, folder, *arguments)
         try:
             if told:
-                program.find("Esemény: " + told)
+                program.find("Esemény: Figyelem: " + told)
             program.find("Túlhajtás jelzés X: " + ("333.000 S/s" if told else "673.400 S/s"))
         finally:
             program.process.kill()
