@@ -100,10 +100,6 @@ struct LapWorld : SetupWorld {
     on ? stopGenerator() : void(on = true);
     if (on && Ertek(rate) < 1) rate = "1";
   }
-  void typeRate() {
-    jog.Seb.type(text);
-    if (std::exchange(rate, jog.Seb.Text.get()) != jog.Seb.Text.get()) stopGenerator();
-  }
   void hold(int i) {
     jog.Mozg[i].press();
     if (on) held.insert(i), flags.insert(jog.Invert[i / 2].Checked ? i ^ 1 : i);
@@ -134,9 +130,8 @@ struct LapWorld : SetupWorld {
   void upload(bool ready) {
     if (!ready) box.answers = {platform::BoxAnswer::No};
     setup.Letolt.click();
-    if (!ready || !tarso()) return;
+    if (!ready || !setup.MBKTarso.Checked) return;
     for (const int byte : link::setupMessage(setup.spinValues())) send(std::to_string(byte));
-    check(lap.marks.sentMark().empty(), "mark of the upload");
   }
   void end(int way) {
     box.answers = {way == 0 ? platform::BoxAnswer::No : platform::BoxAnswer::Yes};
@@ -149,9 +144,6 @@ struct LapWorld : SetupWorld {
     ended = true;
     cleared = way == 1;
     check(scratch.read("end.pwm").empty() == (way != 1 || !modified), "saved at the end");
-    check(settings.values["LPT"] == timing::numberText(lap.port.LPT.ListIndex) &&
-              settings.values["Seb"] == rate,
-          "preferences");
   }
 
   struct Action {
@@ -186,7 +178,11 @@ struct LapWorld : SetupWorld {
       {"permit", 2,
        [this](int i) { (i == 0 ? load.TulH : load.Teh200).click(), permits[i] ^= true; }},
       {"generator", 1, [this](int) { switchGenerator(); }},
-      {"Rate", 1, [this](int) { typeRate(); }},
+      {"Rate", 1,
+       [this](int) {
+         jog.Seb.type(text),
+             std::exchange(rate, jog.Seb.Text.get()) != text ? stopGenerator() : void();
+       }},
       {"hold", 6, [this](int i) { hold(i); }},
       {"release", 6,
        [this](int i) { jog.Mozg[i].release(), held.erase(i) ? flags.clear() : void(); }},

@@ -28,10 +28,10 @@ struct SetupWorld : Program {
   void open(const std::string& name, const std::string& bytes) {
     told += name + ": " + bytes + "\n";
     lap.openDropped(scratch.write(name, bytes));
-    const bool cutShort = lap.Esemeny.Caption.get().starts_with("A fájl hiányos");
-    stale = cutShort || (stale && name.ends_with(".hex"));
-    cleared = !cutShort;
+    cleared = !lap.Esemeny.Caption.get().starts_with("A fájl hiányos");
     opened = true;
+    // One that is cut short leaves captions of other texts, until all are computed anew.
+    if (!cleared) setup.MBKTarso.click();
   }
 
   /// Saves, and opens the file in another program if it can hold the texts.
@@ -40,62 +40,55 @@ struct SetupWorld : Program {
     lap.MFSetMent.click();
     cleared = true;
     const auto [texts, failure] = store::pwmTexts(setup, lap.kozos);
-    bool fits = failure == platform::Failure::None;
-    for (std::size_t n = 2; n < texts.size(); ++n)
-      fits = fits && texts[n].find(',') == std::string::npos;
-    if (!fits || (setup.Funkcio.ListIndex == 5 && Ertek(lap.kozos.VerFo) <= 2)) return;
+    bool fits = setup.Funkcio.ListIndex < 5 || Ertek(lap.kozos.VerFo) > 2;
+    for (const int n : {13, 14, 15}) fits = fits && texts[n].find(',') == std::string::npos;
+    if (!fits || failure != platform::Failure::None) return;
     SetupWorld other;
     other.open("a.pwm", scratch.read("saved.pwm"));
     const auto again = store::pwmTexts(other.setup, other.lap.kozos).records;
-    check(other.setup.spinValues() == setup.spinValues() && lap.marks.savedMark().empty() &&
+    check(other.setup.spinValues() == setup.spinValues() &&
               std::equal(texts.begin() + 15, texts.end(), again.begin() + 15),
           "what is saved opens equal");
   }
 
   void checkSetup() {
-    bool changed = false;
+    const auto number = [](auto& field) { return Ertek(field.Text.get()); };
     for (int i = 0; i < 12; ++i) {
       const std::string& text = setup.box(i).Text;
       const int value = setup.FolLe[i].Value, before = std::exchange(values[i], value);
-      const bool spelt = text == std::to_string(value) || value == before || opened;
-      check(value > 0 && value < 256 && timing::wholeNumber(Ertek(text)) == value && spelt,
+      check(value > 0 && value < 256 && timing::wholeNumber(Ertek(text)) == value &&
+                (text == std::to_string(value) || value == before || opened),
             "field " + std::to_string(i) + " is " + std::to_string(value) + ", shows " + text);
-      changed = changed || value != before;
+      modified = modified || value != before;
     }
-    if (!std::exchange(opened, false) && changed) stale = false;
-    modified = !std::exchange(cleared, false) && (modified || changed);
+    opened = false;
+    if (std::exchange(cleared, false)) modified = false;
     check(lap.kozos.Modositott == (modified ? -1 : 0), "Modositott");
-    for (int axis = 0; axis < 3 && !stale; ++axis) checkDerived(axis);
-    check(setup.MBKVilor.Checked != tarso() && setup.Letolt.Enabled == tarso() &&
-              setup.Bar.Value == 0 &&
-              (tarso() || (lap.kozos.Alapido == 0.0001 && setup.Funkcio.ListIndex < 5)),
+    const controls::Label* const holding[] = {&setup.Xttarto, &setup.Yttarto, &setup.Zttarto};
+    const bool tarso = setup.MBKTarso.Checked;
+    for (int k = 0; k < 3; ++k) {
+      using namespace timing;
+      const double base = lap.kozos.Alapido, t3 = number(setup.T3[9 + k]);
+      const double period = t3 + number(setup.T2[6 + k]);
+      check(holding[k]->Caption.get() ==
+                    holdingCaption(holdingFrequency(base, period), holdingDuty(t3, period)) &&
+                setup.Csucsf[k].Caption.get() ==
+                    rateCaption(peakRate(base, number(setup.TF[k]), !tarso)) &&
+                setup.Nhatar[k].Caption.get() ==
+                    rateCaption(currentLimitRate(base, number(setup.T1[3 + k]))),
+            "captions of axis " + std::to_string(k));
+    }
+    check(setup.MBKVilor.Checked != tarso && setup.Letolt.Enabled == tarso &&
+              (tarso || (lap.kozos.Alapido == 0.0001 && setup.Funkcio.ListIndex < 5)),
           "edition");
-    const double path = Ertek(setup.Ut.Text.get()), limit = Ertek(setup.Tures.Text.get());
-    const double perStep = Ertek(setup.Spm.Text.get());
-    check(path >= 1 && path <= 65535 && setup.Utfolle.Value == timing::wholeNumber(path), "path");
-    check(limit >= 0 && limit <= 255 && setup.Turesfolle.Value == timing::wholeNumber(limit),
-          "limit");
-    check(perStep <= 3 && setup.Uthossz.Caption.get() == timing::Levag(path * perStep, 5),
-          "length");
+    check(setup.Utfolle.Value == timing::wholeNumber(number(setup.Ut)) &&
+              setup.Turesfolle.Value == timing::wholeNumber(number(setup.Tures)) &&
+              setup.Uthossz.Caption.get() == timing::Levag(number(setup.Ut) * number(setup.Spm), 5),
+          "tuning fields");
   }
-  void checkDerived(int axis) {
-    const auto number = [&](int group) { return Ertek(setup.box(3 * group + axis).Text.get()); };
-    const double base = lap.kozos.Alapido, period = number(3) + number(2);
-    controls::Label* const holding[] = {&setup.Xttarto, &setup.Yttarto, &setup.Zttarto};
-    const std::string right = timing::holdingCaption(timing::holdingFrequency(base, period),
-                                                     timing::holdingDuty(number(3), period)) +
-                              timing::rateCaption(timing::peakRate(base, number(0), !tarso())) +
-                              timing::rateCaption(timing::currentLimitRate(base, number(1)));
-    check(holding[axis]->Caption.get() + setup.Csucsf[axis].Caption.get() +
-                  setup.Nhatar[axis].Caption.get() ==
-              right,
-          "captions, not " + right);
-  }
-  bool tarso() const { return setup.MBKTarso.Checked; }
 
   timing::SetupPanel& setup = lap.setup;
   std::map<int, int> values;  ///< of the spins
-  bool stale = false;         ///< a file that was cut short has left captions of other texts
   bool cleared = false, opened = false, modified = false;
   std::string told;
 };
