@@ -17,8 +17,8 @@ struct LapWorld : SetupWorld {
 
   void act(std::string line) {
     line.resize(std::max<std::size_t>(line.size(), 2), '0');
-    const auto named = [&](const Action& action) { return action.name[0] == line[0]; };
-    const auto action = std::ranges::find_if(actions, named);
+    const auto letter = [](const Action& action) { return action.name[0]; };
+    const auto action = std::ranges::find(actions, line[0], letter);
     if (action == actions.end()) return;
     const int i = static_cast<unsigned char>(line[1] - '0') % action->choices;
     text = line.substr(2);
@@ -94,11 +94,10 @@ struct LapWorld : SetupWorld {
     if (idle) put(selected, registers.values[selected] & ~(v4x ? 0xA0 : 0x24));
     lap.SSTab1.Tab = tab;
   }
-  void switchGenerator() {
-    jog.Impulzus.click();
+  void start() {
+    on = true;
     used = selected;
-    on ? stopGenerator() : void(on = true);
-    if (on && Ertek(rate) < 1) rate = "1";
+    if (Ertek(rate) < 1) rate = "1";
   }
   void hold(int i) {
     jog.Mozg[i].press();
@@ -120,6 +119,7 @@ struct LapWorld : SetupWorld {
     if (step > 0) stopLoad();
     send(line[0] + " 0 16 " + line[0] + " 0 " + line[1]);
   }
+  void selectNext(int motor) { select(std::stoi(lines[chosen[motor]][2])); }
   void pressLoad() {
     for (const int off : {6, 7, 14}) select(off);
     load.TapFel.click();
@@ -154,34 +154,25 @@ struct LapWorld : SetupWorld {
   const std::vector<Action> actions{
       {"up", 14, [this](int i) { spin(i).pressUp(), std::erase(journal, "beep"); }},
       {"down", 14, [this](int i) { spin(i).pressDown(), std::erase(journal, "beep"); }},
-      {"type", 3,
-       [this](int i) {
-         std::array{&setup.Ut, &setup.Spm, &setup.Tures}[i]->type(codePage.toUtf8(text));
-       }},
+      {"type", 3, [this](int i) { boxes[i]->type(codePage.toUtf8(text)); }},
       {"mode", 6, [this](int i) { setup.Funkcio.select(i); }},
-      {"whole steps", 3,
-       [this](int i) {
-         std::array{&setup.Xegesz, &setup.Yegesz, &setup.Zegesz}[i]->click();
-       }},
-      {"constant frequency", 2,
-       [this](int i) { (i == 0 ? setup.MBTallando : setup.MBTValtozo).click(); }},
-      {"edition", 2, [this](int i) { (i == 0 ? setup.MBKVilor : setup.MBKTarso).click(); }},
+      {"whole steps", 3, [this](int i) { wholeSteps[i]->click(); }},
+      {"constant", 2, [this](int i) { (i ? setup.MBTValtozo : setup.MBTallando).click(); }},
+      {"edition", 2, [this](int i) { (i ? setup.MBKTarso : setup.MBKVilor).click(); }},
       {"open", 1, [this](int) { open("a.pwm", text); }},
       {"image", 1, [this](int) { open("a.hex", text); }},
       {"keep", 1, [this](int) { save(); }},
       {"Upload", 2, [this](int i) { upload(i == 1); }},
       {"line", 21, [this](int i) { lap.phases.L[i].click(), select(i); }},
-      {"next", 3,
-       [this](int i) { lap.phases.Leptet[i].click(), select(std::stoi(lines[chosen[i]][2])); }},
+      {"next", 3, [this](int i) { lap.phases.Leptet[i].click(), selectNext(i); }},
       {"Load", 1, [this](int) { pressLoad(); }},
       {"Stop", 1, [this](int) { load.TapStop.click(), stopLoad(); }},
-      {"permit", 2,
-       [this](int i) { (i == 0 ? load.TulH : load.Teh200).click(), permits[i] ^= true; }},
-      {"generator", 1, [this](int) { switchGenerator(); }},
+      {"permit", 2, [this](int i) { (i ? load.Teh200 : load.TulH).click(), permits[i] ^= true; }},
+      {"generator", 1, [this](int) { jog.Impulzus.click(), on ? stopGenerator() : start(); }},
       {"Rate", 1,
        [this](int) {
-         jog.Seb.type(text),
-             std::exchange(rate, jog.Seb.Text.get()) != text ? stopGenerator() : void();
+         jog.Seb.type(text);
+         if (std::exchange(rate, jog.Seb.Text.get()) != jog.Seb.Text.get()) stopGenerator();
        }},
       {"hold", 6, [this](int i) { hold(i); }},
       {"release", 6,
@@ -192,14 +183,13 @@ struct LapWorld : SetupWorld {
       {"Bits", 2, [this](int i) { sendBits(i == 1); }},
       {"Tab", 4, [this](int i) { showTab(i); }},
       {"focus", 1, [this](int) { lap.SSTab1.GotFocus.raise(), stopGenerator(); }},
-      {"Port", 3,
-       [this](int i) {
-         lap.port.LPT.select(i), selected = std::array{0x378, 0x278, 0x3BC}[i];
-       }},
+      {"Port", 3, [this](int i) { lap.port.LPT.select(i), selected = addresses[i]; }},
       {"Version", 2,
-       [this](int i) { v4x = i == 1, (v4x ? lap.port.Mpcb40 : lap.port.Mpcb32).click(); }},
+       [this](int i) { (i ? lap.port.Mpcb40 : lap.port.Mpcb32).click(), v4x = i == 1; }},
       {"quit", 3, [this](int i) { end(i); }}};
-
+  controls::TextBox* const boxes[3]{&setup.Ut, &setup.Spm, &setup.Tures};
+  controls::CheckBox* const wholeSteps[3]{&setup.Xegesz, &setup.Yegesz, &setup.Zegesz};
+  static constexpr int addresses[]{0x378, 0x278, 0x3BC};
   bench::JogPanel& jog = lap.jog;
   bench::LoadPanel& load = lap.load;
   inline static const auto loads = rows("load"), lines = rows("lines"), pulses = rows("pulses");
