@@ -14,6 +14,8 @@ virtual_pc_packages="qemu-system-x86 busybox-static cpio binutils"
 check_packages="clang-format clang-tidy"
 # To tell which lines of the sources the tests run.
 coverage_packages="gcovr"
+# To build the fuzzers, with the sanitizers' and libFuzzer's own libraries.
+fuzz_packages="clang libclang-rt-dev"
 # To make a root of a release that has none of the above.
 fresh_debian_packages="debootstrap"
 
@@ -66,6 +68,22 @@ need_packages() {
     echo "Ellenőrizze a hálózatot és az apt forrásait!" >&2
     return 1
   fi
+}
+
+# fuzz OPTION...: builds the fuzzers and runs each with these options of libFuzzer on its corpus.
+# What they find new stays in the folder $finds; an input that fails is there as NAME-crash-...
+finds=build/fuzz/finds
+fuzz() {
+  build fuzz
+  shared=/dev/shm
+  [ -w "$shared" ] || shared=${TMPDIR:-/tmp}
+  for fuzzer in lap pwm hex preferences; do
+    mkdir -p "$finds/$fuzzer"
+    echo "fuzz_$fuzzer $*" >&2
+    TMPDIR=$shared "build/fuzz/bin/fuzz_$fuzzer" -max_len=4096 -timeout=60 -verbosity=0 \
+      -print_final_stats=1 -artifact_prefix="$finds/$fuzzer-" "$@" \
+      "$finds/$fuzzer" "tests/fuzz/corpus/$fuzzer"
+  done
 }
 
 # build PRESET: configures where that has not been done for this folder, and builds.

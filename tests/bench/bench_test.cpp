@@ -4,7 +4,6 @@
 #include "bench/bit_output.h"
 #include "bench/phase_test.h"
 #include "bench/pulse_generator.h"
-#include "support/fuzz.h"
 #include "support/journal.h"
 #include "support/rows.h"
 
@@ -26,97 +25,6 @@ struct Motors {
   LoadTest tap{load, phases, frames, [this] { journal.emplace_back("beep"); }};
   PhaseTest test{phases, tap, frames};
 };
-
-/// The options of each motor from top to bottom: L1, +, L2, L3, +, L4, off.
-constexpr int options[3][7] = {
-    {0, 1, 2, 3, 4, 5, 6}, {13, 12, 11, 10, 9, 8, 7}, {20, 19, 18, 17, 16, 15, 14}};
-
-/// What the two tests of the tab send, show, and do to each other, told again in a few lines.
-struct MotorWorld : Motors {
-  testing::AssertionResult act(std::uint32_t random, std::string& name) {
-    const Action& action = actions[std::min<std::size_t>(random % 24, actions.size() - 1)];
-    const int motor = static_cast<int>(random >> 8) % 3, row = static_cast<int>(random >> 16) % 7;
-    name = action.name + (" " + std::to_string(motor) + " " + std::to_string(row));
-    journal.clear();
-    expected.clear();
-    sent.clear();
-    action.act(motor, row);
-    if (!sent.empty()) expected.insert(expected.begin(), sent.substr(1));
-    Journal seen = decoded(journal);
-    seen.push_back(display() + permits(load.TulH.Checked, load.Teh200.Checked));
-    expected.push_back(steps[step][1] + permits(permit150, permit200));
-    for (int m = 0; m < 3; ++m) expected.push_back("L" + std::to_string(options[m][chosen[m]]));
-    for (int i = 0; i < 21; ++i) {
-      if (phases.L[i].Value) seen.push_back("L" + std::to_string(i));
-    }
-    return same(seen, expected);
-  }
-  std::string display() const {
-    return load.Taptext.Text.get() + " " + colour(load.Taptext.ForeColor) + " " +
-           colour(load.Figy2.BackColor) + " " + std::to_string(load.LEDsav.Level) +
-           (load.Figy.Enabled ? " 1" : " 0") + (load.Figy2.Enabled ? " 1" : " 0");
-  }
-  static std::string colour(controls::Colour value) { return hex(static_cast<int>(value)); }
-  static std::string permits(bool first, bool second) {
-    return std::string(first ? " 150%" : "") + (second ? " 200%" : "");
-  }
-
-  void send(int motor, int value) {
-    sent += std::array{" 99", " 110", " 120"}[motor] + (" 0 " + std::to_string(value));
-  }
-  void stop() {
-    step = 0;
-    permit150 = permit200 = false;
-    for (int motor = 0; motor < 3; ++motor) send(motor, 16);
-  }
-  void select(int motor, int row) {
-    const int value = std::array{1, 0, 2, 4, 0, 8, 16}[row];
-    if (chosen[motor] == row || value == 0) return;
-    chosen[motor] = row;
-    if (step > 0) stop();
-    send(motor, 16);
-    send(motor, value);
-  }
-  void pressLoad() {
-    load.TapFel.click();
-    for (int motor = 0; motor < 3; ++motor) select(motor, 6);
-    if ((step >= 6 && !permit150) || (step >= 9 && !permit200)) {
-      expected.emplace_back("beep");
-      return;
-    }
-    if (step == 12) ++reached;
-    step = std::min(step + 1, 12);
-    sent += steps[step][0];
-  }
-  static void permit(controls::CheckBox& box, bool& given) {
-    box.click();
-    given = !given;
-  }
-
-  struct Action {
-    const char* name;
-    std::function<void(int, int)> act;
-  };
-  inline static const std::vector<Row> steps = rows("load");
-  const std::vector<Action> actions{
-      {"option", [this](int m, int row) { phases.L[options[m][row]].click(), select(m, row); }},
-      {"step", [this](int m, int) { phases.Leptet[m].click(), select(m, next[chosen[m]]); }},
-      {"stop", [this](int, int) { load.TapStop.click(), stop(); }},
-      {"permit 150", [this](int, int) { permit(load.TulH, permit150); }},
-      {"permit 200", [this](int, int) { permit(load.Teh200, permit200); }},
-      {"load", [this](int, int) { pressLoad(); }}};
-  static constexpr int next[] = {2, 0, 3, 5, 0, 0, 0};  ///< the row that a step leads to
-  std::array<int, 3> chosen{6, 6, 6};
-  int step = 0;
-  bool permit150 = false, permit200 = false;
-  std::string sent;
-  Journal expected;
-  long reached = 0;  ///< presses at full load
-};
-
-TEST(MotorFuzz, PhaseAndLoadTestsEndEachOtherInAnyOrderOfPresses) {
-  EXPECT_GT(fuzz<MotorWorld>(34, 40, 100), 30) << "it must reach what it is about";
-}
 
 struct MotorTests : testing::Test, Motors {};
 
