@@ -47,10 +47,14 @@ void tellOtherBase(double ofSetup, double ofFirmware) {
             << " us: ugyanazok a számok más időket jelentenek.\n";
 }
 
-/// What a failed patching may have left. It began with no file there.
+/// What a failed patching may have left. It began with no file there. Where nothing can be found
+/// out there may be one.
 void tellUnfinished(Failure failure, const std::string& target) {
+  using std::filesystem::file_type;
   std::error_code error;
-  if (failure == Failure::FileExists || !std::filesystem::is_regular_file(target, error)) return;
+  const file_type type = std::filesystem::status(target, error).type();
+  if (failure == Failure::FileExists) return;
+  if (type != file_type::regular && type != file_type::none) return;
   std::cerr << "A(z) '" << target << "' félbemaradt: törölje, és ne töltse a vezérlőbe!\n";
 }
 

@@ -23,8 +23,7 @@ std::string RecordFile::prepare(const std::string& setupFile) {
   std::unique_ptr<platform::ByteWriter> file;
   const std::string refusal = create(file);
   file.reset();
-  if (refusal.empty()) fs::remove(written_, error);
-  return refusal;
+  return refusal.empty() ? removed("") : refusal;
 }
 
 std::string RecordFile::write(const std::string& record) {
@@ -41,10 +40,16 @@ std::string RecordFile::write(const std::string& record) {
     if (isThere_) fs::rename(written_, target_, error);
     if (!error) return {};
   }
+  return removed(isThere_ ? "írása félbemaradt, a régi tartalma megmaradt."
+                          : "írása félbemaradt, ezért a program törölte.");
+}
+
+/// Removes what was begun; gives this, or that it is left.
+std::string RecordFile::removed(const std::string& what) const {
+  std::error_code error;
   fs::remove(written_, error);
   if (error) return text("írása félbemaradt. Törölje ezt: " + written_);
-  return text(isThere_ ? "írása félbemaradt, a régi tartalma megmaradt."
-                       : "írása félbemaradt, ezért a program törölte.");
+  return what.empty() ? what : text(what);
 }
 
 /// Gives why the file can't be; empty if it is made.

@@ -23,6 +23,7 @@ class RecordFile {
 
  private:
   std::string create(std::unique_ptr<platform::ByteWriter>& file);
+  std::string removed(const std::string& what) const;
   std::string text(const std::string& what) const;
 
   std::string path_;
