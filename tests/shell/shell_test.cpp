@@ -175,7 +175,7 @@ TEST_F(Shell, AnUploadTellsItsTimeAndItsLongestPauseOrThatNotAllWentOut) {
   EXPECT_EQ(marks(), "|Még nincs feltöltve");
   // Between two edges are up to two waits: the data line keeps its level for equal bits.
   EXPECT_EQ(upload(480, 330),
-            "Kész: Kiküldve 638.4 ms alatt, a leghosszabb szünet két él között 2.7 ms volt. "
+            "Kész: Kiküldve 638.4 ms alatt, két él közt legfeljebb 2.7 ms szünettel. "
             "A vonal egyirányú, nyugta nem jön.");
   EXPECT_EQ(marks(), "|");
   EXPECT_NE(upload(-1, 33).find(" 2.1 ms"), std::string::npos) << line();
