@@ -1,7 +1,6 @@
 #include "desktop/footer.h"
 
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "desktop/text.h"
@@ -26,6 +25,7 @@ QLabel* markLabel(const WidgetMaker& widgets, std::string_view name,
   show();
   marks.observe(show);
   setTextColour(label, warningOnLight, warningOnDark);
+  label->setAlignment(Qt::AlignRight);
   return label;
 }
 
@@ -33,23 +33,25 @@ QLabel* markLabel(const WidgetMaker& widgets, std::string_view name,
 
 Footer::Footer(const WidgetMaker& widgets) {
   auto* const rows = new QVBoxLayout(this);
-  rows->setContentsMargins(9, 0, 9, 4);
-  rows->setSpacing(2);
+  rows->setContentsMargins(6, 0, 6, 3);
+  rows->setSpacing(1);
   rows->addLayout(names(widgets));
   rows->addLayout(port(widgets));
   rows->addWidget(widgets.make("Esemeny"));
-  rows->addLayout(marks(widgets));
 }
 
 QHBoxLayout* Footer::names(const WidgetMaker& widgets) {
   constexpr double namePoints = 15.75;
   constexpr double makerPoints = 8.25;
+  constexpr int gap = 10;
   QHBoxLayout* const row = flatRow();
   QLabel* const program =
       inFont(widgets.make<QLabel>("Label21"), "Times New Roman", namePoints, true);
   program->setAlignment(Qt::AlignCenter);
   setTextColour(program, QColor(0x00, 0xC0, 0x00), QColor(0x00, 0xC0, 0x00));
   row->addWidget(program, 1);
+  row->addLayout(marks(widgets));
+  row->addSpacing(gap);
   auto* const maker = new QVBoxLayout;
   maker->setSpacing(0);
   for (const char* const name : {"Label13", "Label14"}) {
@@ -63,22 +65,17 @@ QHBoxLayout* Footer::names(const WidgetMaker& widgets) {
 
 QHBoxLayout* Footer::port(const WidgetMaker& widgets) {
   QHBoxLayout* const row = flatRow();
-  row->addWidget(bold(widgets.make<QLabel>("PortAllapot")), 1);
-  auto* const remedy = widgets.make<QPushButton>("PortTeendo");
-  constexpr int margin = 10;
-  remedy->setFixedHeight(remedy->fontMetrics().height() + margin);
-  row->addWidget(remedy);
+  row->addWidget(widgets.make("PortAllapot"), 1);
+  row->addWidget(widgets.make("PortTeendo"));
   return row;
 }
 
-QHBoxLayout* Footer::marks(const WidgetMaker& widgets) {
-  constexpr int gap = 16;
-  QHBoxLayout* const row = flatRow();
-  row->setSpacing(gap);
-  row->addStretch();
-  row->addWidget(markLabel(widgets, "MentesJel", &shell::SetupMarks::savedMark));
-  row->addWidget(markLabel(widgets, "KuldesJel", &shell::SetupMarks::sentMark));
-  return row;
+QVBoxLayout* Footer::marks(const WidgetMaker& widgets) {
+  auto* const column = new QVBoxLayout;
+  column->setSpacing(0);
+  column->addWidget(markLabel(widgets, "MentesJel", &shell::SetupMarks::savedMark));
+  column->addWidget(markLabel(widgets, "KuldesJel", &shell::SetupMarks::sentMark));
+  return column;
 }
 
 }  // namespace monitra::desktop

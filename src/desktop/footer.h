@@ -5,11 +5,12 @@
 #include "desktop/widget_maker.h"
 
 class QHBoxLayout;
+class QVBoxLayout;
 
 namespace monitra::desktop {
 
-/// The strip below the tabs: the program's name, the maker, the status of the port, what the last
-/// operation came to, and the marks of the Setup.
+/// The strip below the tabs: the program's name, the marks of the Setup, the maker; the status of
+/// the port; what the last operation came to.
 class Footer : public QWidget {
  public:
   explicit Footer(const WidgetMaker& widgets);
@@ -17,7 +18,7 @@ class Footer : public QWidget {
  private:
   QHBoxLayout* names(const WidgetMaker& widgets);
   QHBoxLayout* port(const WidgetMaker& widgets);
-  QHBoxLayout* marks(const WidgetMaker& widgets);
+  QVBoxLayout* marks(const WidgetMaker& widgets);
 };
 
 }  // namespace monitra::desktop

@@ -38,6 +38,7 @@ InfoTab::InfoTab(const WidgetMaker& widgets) {
     return inFont(widgets.make<QLabel>("Label29", index), "Times New Roman", headPoints);
   };
   auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(pageMargin, smallGap, pageMargin, pageMargin);
   QHBoxLayout* const heads = flatRow();
   heads->addWidget(head(0), 1, Qt::AlignCenter);
   auto* const board = widgets.make<Picture>("Picture2", 1);

@@ -24,6 +24,7 @@ LineDrawing::LineDrawing(const WidgetMaker& widgets, const Content& content, dou
     label->adjustSize();
     label->move(place(words.x, words.y));
   }
+  setFixedSize(size().expandedTo(QSize(childrenRect().right() + 1, childrenRect().bottom() + 1)));
 }
 
 QPoint LineDrawing::place(int x, int y) const {

@@ -11,7 +11,7 @@
 
 namespace monitra::desktop {
 
-/// A drawing of straight lines with labels at them, of a fixed size.
+/// A drawing of straight lines with labels at them, of a fixed size that holds both.
 class LineDrawing : public QWidget {
  public:
   struct Content {

@@ -92,6 +92,8 @@ LinkTab::LinkTab(const WidgetMaker& widgets) : widgets_(widgets) {
   QLabel* const mode = widgets_.make<QLabel>("Label27");
   setTextColour(mode, QColor(0xD0, 0x10, 0x10), QColor(0xFF, 0x60, 0x60));
   auto* const rows = new QVBoxLayout(this);
+  rows->setContentsMargins(pageMargin, smallGap, pageMargin, pageMargin);
+  rows->setSpacing(smallGap);
   rows->addWidget(title, 0, Qt::AlignHCenter);
   rows->addWidget(mode, 0, Qt::AlignHCenter);
   QHBoxLayout* const frames = flatRow();
@@ -104,6 +106,7 @@ QWidget* LinkTab::phaseFrame(int motor) {
   constexpr const char* names[] = {"Frame5", "Frame6", "Frame7"};
   auto* const frame = widgets_.make<QGroupBox>(names[motor]);
   auto* const column = new QVBoxLayout(frame);
+  column->setSpacing(smallGap);
   auto* const drawing = widgets_.make<Picture>("Picture1", motor + 1);
   drawing->show(QStringLiteral(":/pictures/motor.svg"), motorPicture);
   column->addWidget(drawing);
@@ -122,6 +125,7 @@ QWidget* LinkTab::phaseFrame(int motor) {
 QWidget* LinkTab::loadFrame() {
   auto* const frame = widgets_.make<QGroupBox>("Frame8");
   auto* const rows = new QVBoxLayout(frame);
+  rows->setSpacing(smallGap);
   QHBoxLayout* const top = flatRow();
   top->addLayout(loadDisplay(), 1);
   top->addLayout(loadBar());

@@ -7,7 +7,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QScreen>
 #include <QSignalBlocker>
 #include <QTabWidget>
 #include <QTimer>
@@ -20,6 +19,7 @@
 #include "desktop/footer.h"
 #include "desktop/info_tab.h"
 #include "desktop/link_tab.h"
+#include "desktop/screen_fit.h"
 #include "desktop/setup_tab.h"
 #include "desktop/test_tab.h"
 #include "desktop/text.h"
@@ -67,15 +67,16 @@ MainWindow::MainWindow(shell::Lap& lap) : lap_(lap) {
   auto* content = new QWidget;
   auto* rows = new QVBoxLayout(content);
   rows->setContentsMargins(0, 0, 0, 0);
-  rows->setSpacing(4);
-  rows->addWidget(addTabs(), 1);
+  rows->setSpacing(2);
+  QTabWidget* const tabs = addTabs();
+  rows->addWidget(tabs, 1);
   rows->addWidget(new Footer(widgets_));
   const double pixelsPerTwip = logicalDpiX() / 1440.0;
   content->setMinimumSize(qRound(shell::clientWidth * pixelsPerTwip),
                           qRound(shell::clientHeight * pixelsPerTwip));
   setCentralWidget(content);
   joinBuddies(*this);
-  layout()->setSizeConstraint(QLayout::SetFixedSize);
+  fit_ = new ScreenFit(this, tabs);
   lookAfterPort();
 }
 
@@ -123,10 +124,7 @@ QTabWidget* MainWindow::addTabs() {
 }
 
 void MainWindow::showCentred() {
-  adjustSize();
-  const QRect free = screen()->availableGeometry();
-  move(free.center() - rect().center());
-  show();
+  fit_->showCentred();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -23,7 +23,6 @@ constexpr int groups = timing::timingFields / axes;
 constexpr int columnTwips = 960;
 constexpr int firstColumnTwips = 600;
 constexpr int rowTwips = 600;
-constexpr int typedFigures = 6;
 
 /// Green figures on black, in every theme.
 void makeInstrument(QLineEdit* box) {
@@ -49,8 +48,8 @@ struct SetupTab::DerivedColumn {
 
 SetupTab::SetupTab(const WidgetMaker& widgets) : widgets_(widgets) {
   auto* const rows = new QVBoxLayout(this);
-  rows->setSpacing(6);
-  rows->addLayout(headline());
+  rows->setContentsMargins(pageMargin, smallGap, pageMargin, pageMargin);
+  rows->setSpacing(smallGap);
   rows->addLayout(diagramRow());
   rows->addLayout(timingGrid());
   rows->addStretch();
@@ -78,15 +77,19 @@ QLayout* SetupTab::headline() {
 }
 
 QLayout* SetupTab::diagramRow() {
-  constexpr QRect area(0, 660, 5580, 1440);
+  constexpr QRect area(0, 705, 5580, 1350);
   QHBoxLayout* const row = flatRow();
-  row->addWidget(
+  auto* const curve = new QVBoxLayout;
+  curve->setSpacing(smallGap);
+  curve->addLayout(headline());
+  curve->addWidget(
       new LineDrawing(widgets_, {area, shell::diagramLines(), shell::diagramHeads()}, scale()));
+  row->addLayout(curve);
   row->addStretch();
   auto* const state = new QVBoxLayout;
   auto* const motor = widgets_.make<Picture>("Picture1", 0);
   motor->show(QStringLiteral(":/pictures/motor.svg"), motorPicture);
-  state->setSpacing(4);
+  state->setSpacing(smallGap);
   state->addStretch();
   state->addWidget(motor, 0, Qt::AlignRight);
   state->addWidget(bold(widgets_.make<QLabel>("lepes")));
@@ -158,7 +161,7 @@ void SetupTab::addDerivedColumn(QGridLayout& grid, const DerivedColumn& column, 
 
 QLayout* SetupTab::tuningRow() {
   QHBoxLayout* const row = flatRow();
-  constexpr int gap = 12;
+  constexpr int gap = 6;
   row->addLayout(tuningFields());
   row->addSpacing(gap);
   row->addStretch();
@@ -168,7 +171,7 @@ QLayout* SetupTab::tuningRow() {
 
 QLayout* SetupTab::tuningFields() {
   auto* const grid = new QGridLayout;
-  grid->setVerticalSpacing(4);
+  grid->setSpacing(smallGap);
   auto* const mode = widgets_.make<QComboBox>("Funkcio");
   mode->setFocusPolicy(Qt::StrongFocus);
   mode->installEventFilter(new WheelNeedsFocus(mode));
@@ -182,26 +185,26 @@ QLayout* SetupTab::tuningFields() {
 }
 
 QHBoxLayout* SetupTab::spinField(std::string_view box, std::string_view arrows) {
-  constexpr int gap = 10;
+  constexpr int wholeFigures = 5;
   QHBoxLayout* const row = flatRow();
   row->setSpacing(2);
-  auto* const typed = asNumberBox(widgets_.make<QLineEdit>(box), typedFigures);
+  auto* const typed = asNumberBox(widgets_.make<QLineEdit>(box), wholeFigures);
   auto* const pressed = widgets_.make<SpinArrows>(arrows);
   pressed->serve(typed);
   row->addWidget(typed);
   row->addWidget(pressed);
-  row->addSpacing(gap);
+  row->addSpacing(smallGap);
   return row;
 }
 
 QLayout* SetupTab::path() {
-  constexpr int gap = 10;
+  constexpr int typedFigures = 6;
   constexpr int lengthFigures = 5;
   QHBoxLayout* const row = spinField("Ut", "Utfolle");
   row->addWidget(widgets_.make("Label8"));
   auto* const perStep = asNumberBox(widgets_.make<QLineEdit>("Spm"), typedFigures);
   row->addWidget(perStep);
-  row->addSpacing(gap);
+  row->addSpacing(smallGap);
   row->addWidget(widgets_.make("Label9"));
   QWidget* const length = widgets_.make("Uthossz");
   length->setFixedSize(numberBoxWidth(*this, lengthFigures), perStep->sizeHint().height());
@@ -220,7 +223,7 @@ QLayout* SetupTab::tolerance() {
 
 QLayout* SetupTab::wholeStepBoxes() {
   auto* const column = new QVBoxLayout;
-  column->setSpacing(4);
+  column->setSpacing(smallGap);
   for (const char* const name : {"Label31", "Xegesz", "Yegesz", "Zegesz"}) {
     column->addWidget(widgets_.make(name));
   }

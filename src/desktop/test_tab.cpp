@@ -13,32 +13,33 @@
 
 namespace monitra::desktop {
 
-namespace {
-
-/// Between what belongs together; the columns stand further apart.
-constexpr int smallGap = 6;
-
-}  // namespace
-
 TestTab::TestTab(const WidgetMaker& widgets) : widgets_(widgets) {
-  constexpr int gap = 14;
   new TickTimer(widgets.lap().jog.Timer1, this);
   auto* const columns = new QHBoxLayout(this);
-  columns->setSpacing(gap);
+  columns->setContentsMargins(pageMargin, smallGap, pageMargin, pageMargin);
   columns->addLayout(jogColumn(), 1);
-  columns->addLayout(portColumn());
   columns->addWidget(bitFrame());
 }
 
+/// The titles with the choice of the port, the arrows, the generator.
 QLayout* TestTab::jogColumn() {
   QLabel* const title = bold(widgets_.make<QLabel>("Label20"));
   setTextColour(title, QColor(0xD0, 0x10, 0x10), QColor(0xFF, 0x60, 0x60));
   QLabel* const warning = widgets_.make<QLabel>("Label30");
   setTextColour(warning, QColor(0x90, 0x00, 0x00), QColor(0xE0, 0x80, 0x80));
+  auto* const titles = new QVBoxLayout;
+  titles->setSpacing(smallGap);
+  titles->addWidget(title);
+  titles->addWidget(warning);
+  titles->addStretch();
+  QHBoxLayout* const top = flatRow();
+  top->addLayout(titles);
+  top->addStretch();
+  top->addLayout(portChoice());
+  top->addStretch();
   auto* const column = new QVBoxLayout;
   column->setSpacing(smallGap);
-  column->addWidget(title);
-  column->addWidget(warning);
+  column->addLayout(top);
   column->addStretch();
   column->addWidget(new JogArea(widgets_, logicalDpiX() / 1440.0));
   column->addStretch();
@@ -67,10 +68,8 @@ QLayout* TestTab::generatorRow() {
   return row;
 }
 
-QLayout* TestTab::portColumn() {
+QLayout* TestTab::portChoice() {
   constexpr int sideAir = 40;
-  auto* const column = new QVBoxLayout;
-  column->setSpacing(smallGap);
   auto* const list = widgets_.make<QListWidget>("LPT");
   giveThinFrame(list);
   list->setFixedHeight(list->sizeHintForRow(0) * list->count() + 2 * list->frameWidth() + 2);
@@ -79,13 +78,21 @@ QLayout* TestTab::portColumn() {
   board->show(QStringLiteral(":/pictures/board.svg"), boardPicture);
   QLabel* const version = widgets_.make<QLabel>("PCBV");
   version->setAlignment(Qt::AlignCenter);
-  column->addWidget(widgets_.make("Label19"));
-  column->addWidget(list);
-  column->addStretch();
-  column->addWidget(board);
-  column->addWidget(version);
-  column->addStretch();
-  return column;
+  auto* const address = new QVBoxLayout;
+  address->setSpacing(smallGap);
+  address->addWidget(widgets_.make("Label19"));
+  address->addWidget(list);
+  address->addStretch();
+  auto* const panel = new QVBoxLayout;
+  panel->setSpacing(smallGap);
+  panel->addWidget(board);
+  panel->addWidget(version);
+  panel->addStretch();
+  QHBoxLayout* const row = flatRow();
+  row->addLayout(address);
+  row->addSpacing(2 * pageMargin);
+  row->addLayout(panel);
+  return row;
 }
 
 QWidget* TestTab::bitFrame() {

@@ -14,7 +14,7 @@ class TestTab : public QWidget {
  private:
   QLayout* jogColumn();
   QLayout* generatorRow();
-  QLayout* portColumn();
+  QLayout* portChoice();
   QWidget* bitFrame();
 
   WidgetMaker widgets_;

@@ -20,6 +20,10 @@ namespace monitra::desktop {
 inline constexpr QSize motorPicture{60, 56};
 inline constexpr QSize boardPicture{104, 60};
 
+/// Around a page, and between what belongs together.
+inline constexpr int pageMargin = 6;
+inline constexpr int smallGap = 4;
+
 /// Puts the text of a number's box in its middle and makes the box as wide as this many figures.
 QLineEdit* asNumberBox(QLineEdit* box, int characters);
 

@@ -118,9 +118,8 @@ std::string sentText(const link::LineTiming& timing) {
     const auto tenths = std::chrono::round<std::chrono::duration<long, std::deci>>(time * 1000);
     return std::to_string(tenths.count() / 10) + "." + std::to_string(tenths.count() % 10) + " ms";
   };
-  return "Kiküldve " + milliseconds(timing.duration) +
-         " alatt, a leghosszabb szünet két él között " + milliseconds(timing.longestPause) +
-         " volt. A vonal egyirányú, nyugta nem jön.";
+  return "Kiküldve " + milliseconds(timing.duration) + " alatt, két él közt legfeljebb " +
+         milliseconds(timing.longestPause) + " szünettel. A vonal egyirányú, nyugta nem jön.";
 }
 
 std::string cutShortText() {

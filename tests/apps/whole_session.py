@@ -146,8 +146,8 @@ def upload(program):
     program.expect_heard(
         "&H378 PCB V4.x: 85 0 180 45 14 18 180 45 14 18 244 91 19 29 0 5 220 2 4 255")
     report = program.value("Esemény").removeprefix("Kész: ")
-    assert re.fullmatch(r"Kiküldve [0-9.]+ ms alatt, a leghosszabb szünet két él között [0-9.]+ ms"
-                        r" volt. A vonal egyirányú, nyugta nem jön.", report), report
+    assert re.fullmatch(r"Kiküldve [0-9.]+ ms alatt, két él közt legfeljebb [0-9.]+ ms"
+                        r" szünettel. A vonal egyirányú, nyugta nem jön.", report), report
     program.find("Feltöltés", "label")
 
 
@@ -156,6 +156,7 @@ def test_phases(program):
     program.click("Y motor, L2 (CON25)")
     program.expect_heard("&H378 PCB V4.x: 110 0 16 (X 0, Y 0, Z 0, terhelés 0%)")
     program.expect_heard("&H378 PCB V4.x: 110 0 2 (X 0, Y 0 L2, Z 0, terhelés 16%)")
+    assert program.value("A port állapota").startswith("Szimulált port: terhelés 16%, X 0, Y 0 L2")
     program.click("Y motor, Ki")
 
 

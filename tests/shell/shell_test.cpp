@@ -185,7 +185,7 @@ TEST_F(Shell, AnUploadTellsItsTimeAndItsLongestPauseOrThatNotAllWentOut) {
   // One write puts the line to idle behind what was cut short. Between two edges are up to two
   // waits: the data line keeps its level for equal bits.
   EXPECT_EQ(upload(481, 330),
-            "Kész: Kiküldve 638.4 ms alatt, a leghosszabb szünet két él között 2.7 ms volt. "
+            "Kész: Kiküldve 638.4 ms alatt, két él közt legfeljebb 2.7 ms szünettel. "
             "A vonal egyirányú, nyugta nem jön.");
   EXPECT_EQ(marks(), "|");
   EXPECT_NE(upload(-1, 33).find(" 2.1 ms"), std::string::npos) << line();
