@@ -71,7 +71,7 @@ int measureTicks(Measured& measured, const std::string& rate, int seconds) {
   return EXIT_SUCCESS;
 }
 
-int measureCaptions(Measured& measured, const QWidget& window, int presses) {
+int measureCaptions(const QWidget& window, int presses) {
   Measured bare;  // without a window
   bare.lap.Form_Load();
   QWidget* const arrows = window.findChild<QWidget*>("FolLe(6)");
@@ -118,5 +118,5 @@ int main(int argc, char** argv) {
   if (std::strcmp(argv[1], "ticks") == 0) {
     return measureTicks(measured, argv[2], argc > 3 ? std::atoi(argv[3]) : 10);
   }
-  return measureCaptions(measured, window, std::atoi(argv[2]));
+  return measureCaptions(window, std::atoi(argv[2]));
 }
