@@ -11,7 +11,7 @@
 #include "support/program.h"
 
 /// Renders each tab of the started window into a PNG: render_tabs FOLDER SUFFIX [--dark]
-/// The scale is the toolkit's (QT_SCALE_FACTOR), the platform best offscreen.
+/// The scale is the toolkit's (QT_SCALE_FACTOR), the platform best offscreen with a large screen.
 namespace {
 
 QPalette darkColours() {

@@ -16,6 +16,7 @@
 #include <variant>
 
 #include "desktop/bindings.h"
+#include "desktop/cursor_rest.h"
 #include "desktop/footer.h"
 #include "desktop/info_tab.h"
 #include "desktop/link_tab.h"
@@ -78,6 +79,7 @@ MainWindow::MainWindow(shell::Lap& lap) : lap_(lap) {
   joinBuddies(*this);
   fit_ = new ScreenFit(this, tabs);
   lookAfterPort();
+  new CursorRest(this);
 }
 
 /// A port can go away while nobody uses it.

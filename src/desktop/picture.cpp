@@ -5,11 +5,12 @@
 namespace monitra::desktop {
 
 void Picture::show(const QString& file, QSize size) {
-  drawing_.load(file);
+  file_ = file;
   setFixedSize(size);
 }
 
 void Picture::paintEvent(QPaintEvent* /*event*/) {
+  if (!drawing_.isValid()) drawing_.load(file_);
   QPainter painter(this);
   drawing_.render(&painter, rect());
 }

@@ -15,6 +15,7 @@ class Picture : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  QString file_;  ///< read once it is to be seen
   QSvgRenderer drawing_;
 };
 

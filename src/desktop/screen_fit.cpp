@@ -67,7 +67,6 @@ QRect ScreenFit::room() const {
 }
 
 void ScreenFit::showCentred() {
-  settle(window_);
   fit();
   window_->adjustSize();
   const QRect free = window_->screen()->availableGeometry();

@@ -119,9 +119,8 @@ struct Binder {
 void giveCaption(QWidget* widget, const ControlDescription& entry) {
   if (entry.caption.empty()) return;
   if (auto* const label = qobject_cast<QLabel*>(widget)) {
-    // Without a mnemonic a label shows its text as it stands.
-    label->setText(entry.buddy.empty() ? toQt(entry.caption)
-                                       : withMnemonic(entry.caption, entry.mnemonic));
+    // Until it is joined to its buddy a label shows its text as it stands.
+    label->setText(toQt(entry.caption));
   } else if (auto* const button = qobject_cast<QAbstractButton*>(widget)) {
     button->setText(withMnemonic(entry.caption, entry.mnemonic));
   } else if (auto* const frame = qobject_cast<QGroupBox*>(widget)) {
@@ -190,7 +189,9 @@ void joinBuddies(const QWidget& window) {
   for (const ControlDescription& entry : shell::windowControls()) {
     if (entry.buddy.empty()) continue;
     auto* const label = window.findChild<QLabel*>(toQt(entry.name));
-    if (label != nullptr) label->setBuddy(window.findChild<QWidget*>(toQt(entry.buddy)));
+    if (label == nullptr) continue;
+    label->setBuddy(window.findChild<QWidget*>(toQt(entry.buddy)));
+    label->setText(withMnemonic(entry.caption, entry.mnemonic));
   }
 }
 
