@@ -56,7 +56,9 @@ std::string behindLinks(const std::string& path) {
 
 std::string JsonSettings::GetSetting(const std::string& application, const std::string& section,
                                      const std::string& key, const std::string& fallback) {
-  const Json settings = load(path(application)).settings;
+  const Stored stored = load(path(application));
+  missed_ = missed_ || stored.kind == Stored::Kind::Unreadable;
+  const Json& settings = stored.settings;
   const auto entries = settings.find(section);
   if (entries == settings.end() || !entries->is_object()) return fallback;
   const auto entry = entries->find(key);
@@ -71,7 +73,7 @@ void JsonSettings::SaveSettings(const std::string& application, const std::strin
   const FolderLock lock(folder_);
   const std::string file = behindLinks(path(application));
   Stored stored = load(file);
-  if (stored.kind == Stored::Kind::Unreadable) return;
+  if (missed_ || stored.kind == Stored::Kind::Unreadable) return;
   Json& values = stored.settings[section];
   if (!values.is_object()) values = Json::object();
   for (const auto& [key, value] : entries) values[key] = value;
@@ -81,7 +83,7 @@ void JsonSettings::SaveSettings(const std::string& application, const std::strin
 
 bool JsonSettings::isDamaged(const std::string& application) {
   const Stored::Kind kind = load(path(application)).kind;
-  return kind == Stored::Kind::Damaged || kind == Stored::Kind::Unreadable;
+  return missed_ || kind == Stored::Kind::Damaged || kind == Stored::Kind::Unreadable;
 }
 
 std::string JsonSettings::path(const std::string& application) const {

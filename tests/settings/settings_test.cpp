@@ -87,6 +87,18 @@ TEST_F(Settings, AFullDiskLeavesTheOldFileAndALinkStaysOne) {
   EXPECT_EQ(left, 1) << "the link";
 }
 
+TEST_F(Settings, WhatCouldNotBeReadOnceIsToldAndNothingStoredOverIt) {
+  settings.SaveSetting("a", "Setup", "PCB", "32");
+  const std::string before = scratch.read(file);
+  std::filesystem::rename(scratch.path(file), scratch.path("valahol.json"));
+  std::filesystem::create_symlink("a.json", scratch.path(file));  // a link to itself
+  EXPECT_EQ(settings.GetSetting("a", "Setup", "PCB", "40"), "40");
+  std::filesystem::rename(scratch.path("valahol.json"), scratch.path(file));
+  EXPECT_TRUE(settings.isDamaged("a"));
+  settings.SaveSetting("a", "Setup", "PCB", "40");
+  EXPECT_EQ(scratch.read(file), before);
+}
+
 TEST_F(Settings, CopiesThatEndTogetherLoseNothing) {
   settings.SaveSetting("a", "Setup", "PCB", "32");
   constexpr int copies = 3, rounds = 100;

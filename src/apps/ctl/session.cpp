@@ -68,7 +68,8 @@ Session::Session(const Overrides& overrides, platform::PortRegisters& registers,
 }
 
 bool Session::hasPreferences() {
-  return !preferences_.GetSetting(program_.EXEName, "Setup", "LPT", "").empty();
+  return !preferences_.isDamaged(program_.EXEName) &&
+         !preferences_.GetSetting(program_.EXEName, "Setup", "LPT", "").empty();
 }
 
 ExitCode Session::openSetup(const std::string& path) {
