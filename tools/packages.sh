@@ -70,8 +70,9 @@ need_packages() {
   fi
 }
 
-# fuzz OPTION...: builds the fuzzers and runs each with these options of libFuzzer on its corpus.
-# What they find new stays in the folder $finds; an input that fails is there as NAME-crash-...
+# fuzz OPTION...: builds the fuzzers, runs each with these options of libFuzzer on its corpus, and
+# prints how many runs that were and what they reached. What they find new stays in the folder
+# $finds; an input that fails is there as NAME-crash-...
 finds=build/fuzz/finds
 fuzz() {
   build fuzz
@@ -79,10 +80,13 @@ fuzz() {
   [ -w "$shared" ] || shared=${TMPDIR:-/tmp}
   for fuzzer in lap pwm hex preferences; do
     mkdir -p "$finds/$fuzzer"
-    echo "fuzz_$fuzzer $*" >&2
-    TMPDIR=$shared "build/fuzz/bin/fuzz_$fuzzer" -max_len=4096 -timeout=60 -verbosity=0 \
-      -print_final_stats=1 -artifact_prefix="$finds/$fuzzer-" "$@" \
-      "$finds/$fuzzer" "tests/fuzz/corpus/$fuzzer"
+    if ! TMPDIR=$shared "build/fuzz/bin/fuzz_$fuzzer" -max_len=4096 -timeout=60 -print_funcs=0 \
+      -artifact_prefix="$finds/$fuzzer-" "$@" "$finds/$fuzzer" "tests/fuzz/corpus/$fuzzer" \
+      >"$finds/$fuzzer.log" 2>&1; then
+      tail -n 60 "$finds/$fuzzer.log"
+      return 1
+    fi
+    echo "fuzz_$fuzzer: $(grep DONE "$finds/$fuzzer.log")"
   done
 }
 

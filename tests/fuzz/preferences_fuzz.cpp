@@ -7,8 +7,7 @@
 /// Any bytes as the preferences' file: read, saved over with others, and read again.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace monitra;
-  static const support::Scratch scratch;
-  std::filesystem::remove(scratch.path("a.json.bad"));
+  const support::Scratch scratch;
   const std::string bytes(reinterpret_cast<const char*>(data), size);
   scratch.write("a.json", bytes);
   settings::JsonSettings settings(scratch.path());
