@@ -9,7 +9,7 @@
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   QMainWindow window;
-  constexpr QSize asLargeAsTheProgram{766, 543};
+  constexpr QSize asLargeAsTheProgram{730, 503};
   window.resize(asLargeAsTheProgram);
   if (argc > 1) new QLabel(QString::fromLocal8Bit(argv[1]), &window);
   new FirstFrame(&window);
