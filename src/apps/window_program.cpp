@@ -1,7 +1,6 @@
 #include "apps/window_program.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QLibraryInfo>
 #include <QTimer>
 #include <QTranslator>
@@ -15,6 +14,7 @@
 #include "desktop/qt_file_dialog.h"
 #include "desktop/qt_message_box.h"
 #include "desktop/qt_remedy_box.h"
+#include "desktop/svg_icon.h"
 #include "desktop/window_style.h"
 #include "host/executable.h"
 #include "host/host_files.h"
@@ -40,7 +40,7 @@ int run(int argc, char** argv, const WindowProgram& program) {
   host::surviveWriteSignals();
   preferX();
   QApplication application(argc, argv);
-  QApplication::setWindowIcon(QIcon(QString::fromUtf8(program.icon)));
+  QApplication::setWindowIcon(desktop::svgIcon(QString::fromUtf8(program.icon)));
   QApplication::setStyle(new desktop::WindowStyle);
   QTranslator hungarian;
   if (hungarian.load(QStringLiteral("qtbase_hu"),

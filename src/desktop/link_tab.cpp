@@ -2,7 +2,6 @@
 
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -13,6 +12,7 @@
 
 #include "bench/phase_panel.h"
 #include "desktop/picture.h"
+#include "desktop/svg_icon.h"
 #include "desktop/widgets.h"
 
 namespace monitra::desktop {
@@ -21,7 +21,7 @@ namespace {
 
 void giveIcon(QPushButton* button, const char* file) {
   constexpr QSize size{32, 32};
-  button->setIcon(QIcon(QString::fromLatin1(file)));
+  button->setIcon(svgIcon(QString::fromLatin1(file)));
   button->setIconSize(size);
 }
 

@@ -3,7 +3,6 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -11,6 +10,7 @@
 #include "desktop/line_drawing.h"
 #include "desktop/picture.h"
 #include "desktop/spin_arrows.h"
+#include "desktop/svg_icon.h"
 #include "desktop/widgets.h"
 #include "timing/setup.h"
 
@@ -235,7 +235,7 @@ QLayout* SetupTab::uploadRow() {
   constexpr QSize icon{24, 24};
   QHBoxLayout* const row = flatRow();
   auto* const button = widgets_.make<QPushButton>("Letolt");
-  button->setIcon(QIcon(QStringLiteral(":/pictures/upload.svg")));
+  button->setIcon(svgIcon(QStringLiteral(":/pictures/upload.svg")));
   button->setIconSize(icon);
   row->addWidget(button);
   row->addSpacing(gap);

@@ -169,6 +169,7 @@ TEST_F(TheWindow, TextsHaveTheirFontsAndColoursInEveryTheme) {
   dark.setColor(QPalette::ToolTipBase, QColor(0x10, 0x20, 0x30));
   dark.setColor(QPalette::ToolTipText, QColor(0xE0, 0xF0, 0xFF));
   lap.setup.FolLe[0].pressUp();
+  showTab(3);
   for (const char* const theme : {"light", "dark", "light"}) {
     SCOPED_TRACE(theme);
     QApplication::setPalette(theme == std::string("dark") ? dark : light);
