@@ -9,6 +9,7 @@
 #include "ports/raw_driver.h"
 #include "ports/recorder.h"
 #include "ports/simulated_port.h"
+#include "ports/steps.h"
 #include "ports/vcd.h"
 #include "support/port_contract.h"
 #include "support/same.h"
@@ -26,97 +27,50 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(PortUnderTest{
         "simulated", [] { return std::make_unique<SimulatedPort>(); }, {0x378, 0x278, 0x3BC}}));
 
-struct Simulated : testing::Test {
-  Simulated() {
-    port.received = [this](std::int32_t address, const VirtualController& from,
-                           const Received& message) {
+struct Simulated : Steps {
+  void makePort() {
+    port = std::make_unique<SimulatedPort>([this] { return now; });
+    port->received = [this](std::int32_t address, const VirtualController& from,
+                            const Received& message) {
       const char* const kinds[] = {"setup ", "frame ", "unknown "};
-      heard.push_back(std::to_string(address) + " " + std::string(from.wiring().board) + " " +
-                      kinds[static_cast<int>(message.kind)] + bytesText(message.bytes));
+      tell(std::to_string(address) + " " + std::string(from.wiring().board) + " " +
+           kinds[static_cast<int>(message.kind)] + bytesText(message.bytes));
       keepState(from);
     };
-    port.moved = [this](std::int32_t, const VirtualController& from) { keepState(from); };
+    port->moved = [this](std::int32_t, const VirtualController& from) { keepState(from); };
   }
-
   void keepState(const VirtualController& from) {
     if (from.wiring().board == wiringV4x.board) state = describe(from.machine());
   }
-  void write(std::int32_t address, const std::vector<int>& levels) {
-    for (const int level : levels) {
-      port.DlPortWritePortUchar(address, static_cast<std::uint8_t>(level));
-    }
+  void write(const std::string& address, int levels) {
+    port->DlPortWritePortUchar(number(address), static_cast<std::uint8_t>(levels));
   }
   /// Clocks bytes into a port by its pins alone.
-  void send(const std::vector<int>& bytes, std::int32_t address = 0x378, int clockBit = 7) {
-    for (const int byte : bytes) {
+  void send(const std::string& address, const std::string& bytes, int clockBit) {
+    std::istringstream all(bytes);
+    for (int byte = 0; all >> byte;) {
       for (int n = 0; n < 8; ++n) {
         const int data = (byte >> n & 1) << 5;
-        write(address, {data, data | 1 << clockBit, data});
+        for (const int levels : {data, data | 1 << clockBit, data}) write(address, levels);
       }
     }
   }
 
-  std::chrono::nanoseconds now{};
-  SimulatedPort port{[this] { return now; }};
-  Journal heard;
-  std::string state;  ///< of the machine on board V4.x that did something last
+  std::unique_ptr<SimulatedPort> port;
+  std::string state;
 };
 
-TEST_F(Simulated, EachBoardTellsMessagesOnItsOwnClockAndPort) {
-  const std::string setup = "85 0 244 91 24 24 244 91 24 24 244 91 24 24 0 3 232 1 0 ";
-  send({110, 0, 4}, 0x278, 2);
-  send({120, 0, 1}, 0x37A);
-  send({7});
-  for (const int last : {255, 254}) {
-    send({85, 0, 244, 91, 24, 24, 244, 91, 24, 24, 244, 91, 24, 24, 0, 3, 232, 1, 0, last});
-  }
-  send({99, 0, 3, 120, 1, 16, 120, 0, 8});
-  EXPECT_TRUE(same(heard, {"632 PCB V3.2 frame 110 0 4", "888 PCB V4.x unknown 7",
-                           "888 PCB V4.x setup " + setup + "255",
-                           "888 PCB V4.x unknown " + setup + "254", "888 PCB V4.x unknown 99 0 3",
-                           "888 PCB V4.x unknown 120 1 16", "888 PCB V4.x frame 120 0 8"}));
-}
-
-TEST_F(Simulated, AStepOrALongPauseEndsWhatHasComeOfAMessage) {
-  write(0x378, {0x80, 0xA0, 0xA0, 0x20});  // a clock that is high at first is no edge
-  send({99, 0, 16});
-  write(0x378, {0xA0, 0x20, 0xA0, 0x00});
-  now += 201ms;
-  send({120, 0});
-  now += 200ms;
-  send({1, 110, 0});
-  now += 201ms;
-  send({120});
-  write(0x378, {0x80, 0x82, 0x00});
-  send({99, 0, 8});
-  EXPECT_TRUE(same(heard, {"888 PCB V4.x frame 99 0 16", "888 PCB V4.x frame 120 0 1",
-                           "888 PCB V4.x unknown 110 0", "888 PCB V4.x unknown 120",
-                           "888 PCB V4.x frame 99 0 8"}));
-}
-
-TEST_F(Simulated, TheMachineFollowsStepsLinesAndSpindleUntilANewOneComes) {
-  write(0x378, {0x44, 0x44, 0x04, 0x44, 0x44, 0x04, 0x44});
-  EXPECT_EQ(state, "X 2, Y 0, Z 0, terhelés 0%") << "a level that was high at first is no edge";
-  write(0x378, {0x00, 0x10, 0x00, 0x10, 0x00, 0x30, 0x20, 0x82, 0x00, 0x02, 0x06});
-  EXPECT_EQ(state, "X 2, Y -1, Z 0, terhelés 0%");
-  write(0x37A, {0x02});
-  EXPECT_EQ(state, "X 2, Y -1, Z 0, terhelés 0%, marómotor ki");
-  write(0x37A, {0x00, 0x0D});
-  write(0x378, {0x00});
-  send({99, 0, 1, 99, 0, 8, 110, 0, 4});
-  EXPECT_EQ(state, "X 2 L1 L4, Y -1 L3, Z 0, terhelés 50%, marómotor be");
-  send({99, 0, 16});
-  EXPECT_EQ(state, "X 2, Y -1 L3, Z 0, terhelés 16%, marómotor be");
-  send({120, 0, 8, 99});
-  port.plugIn("PCB V3.2");
-  send({0, 1});
-  EXPECT_EQ(state, "X 2 L1, Y -1 L3, Z 0 L4, terhelés 50%, marómotor be") << "it isn't this one";
-  send({99});
-  write(0x378, {0xA0});
-  port.plugIn("PCB V4.x");
-  write(0x378, {0x00});
-  send({120, 0, 2});
-  EXPECT_EQ(state, "X 0, Y 0, Z 0 L2, terhelés 16%");
+TEST_F(Simulated, EachBoardTellsItsMessagesAndItsMachineFollowsThePins) {
+  play("virtual controller", {{"new", [this](auto&, auto&) { makePort(); }},
+                              {"bytes", [this](auto& at, auto& bytes) { send(at, bytes, 7); }},
+                              {"bytes V3.2", [this](auto& at, auto& bytes) { send(at, bytes, 2); }},
+                              {"levels",
+                               [this](auto& at, auto& levels) {
+                                 std::istringstream all(levels);
+                                 for (int each = 0; all >> std::hex >> each;) write(at, each);
+                               }},
+                              {"plug", [this](auto& board, auto&) { port->plugIn(board); }},
+                              {"state", [this](auto&, auto&) { tell(state); }}});
 }
 
 TEST(Vcd, GivesEveryWriteOfThePortAtItsTime) {
