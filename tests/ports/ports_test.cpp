@@ -11,6 +11,7 @@
 #include "ports/simulated_port.h"
 #include "ports/steps.h"
 #include "ports/vcd.h"
+#include "support/journal.h"
 #include "support/port_contract.h"
 #include "support/same.h"
 #include "support/scratch.h"
@@ -97,87 +98,52 @@ using Kind = PortState::Kind;
 
 /// Folders as the kernel shows them. No port stands behind their nodes, and no PC has registers at
 /// their port's address.
-struct KernelFolders : testing::Test {
-  void make(const std::string& path, const std::string& content = {}) {
-    fs::create_directories(fs::path(scratch.path(path)).parent_path());
-    scratch.write(path, content);
+struct KernelFolders : Steps {
+  /// All that it holds: its kind by number, address, node, holder and the rest.
+  std::string text(const PortState& state) const {
+    std::string all = std::to_string(static_cast<int>(state.kind)) + " " + hex(state.address);
+    if (!state.node.empty()) all += " " + fs::path(state.node).lexically_relative(root).string();
+    if (!state.holder.empty()) {
+      all += " by " + (state.holder == thisProgram ? "this program" : state.holder);
+    }
+    if (state.error != 0) all += " error " + std::to_string(state.error);
+    return all + state.group + (state.holderIsDriver ? " driver" : "") +
+           (state.shared ? " shared" : "");
   }
-  void makePort(int number, int address, const std::string& active = "none") {
-    const std::string name = "parport" + std::to_string(number);
-    make("proc/sys/dev/parport/" + name + "/base-addr", std::to_string(address) + "\t0\n");
-    make("proc/sys/dev/parport/" + name + "/devices/active", active + "\n");
-    make("dev/" + name);
-  }
-  void makePort(const std::string& active = "none") { makePort(0, port.address, active); }
-  PortState of(Kind kind, int error = 0) {
-    return {.kind = kind, .address = port.address, .node = node, .error = error};
-  }
-  void expectBusy(const std::string& holder, bool isDriver) {
-    PortState expected = of(Kind::Busy);
-    expected.holder = holder;
-    expected.holderIsDriver = isDriver;
-    EXPECT_EQ(driver.look(port), expected) << holder;
-    EXPECT_EQ(raw.look(port), expected) << holder;
-    EXPECT_EQ(driver.open(port, {}).state, expected) << holder;
+  void make(const std::string& path, const std::string& content) {
+    fs::create_directories((root / path).parent_path());
+    if (!path.ends_with('/')) scratch.write(path, content + "\n");
   }
 
   const FoundPort port{0, 0x10378};
   const std::string thisProgram = "test_ports (" + std::to_string(::getpid()) + ")";
   Scratch scratch;
-  const std::string node = scratch.path("dev/parport0");
-  const fs::path devices = scratch.path("proc/sys/dev/parport/parport0/devices");
-  KernelDriver driver{ParportFolder(scratch.path())};
-  RawDriver raw{ParportFolder(scratch.path())};
+  const fs::path root = scratch.path();
+  std::map<std::string, LockedFile> locked;
+  KernelDriver driver{ParportFolder(root)};
+  RawDriver raw{ParportFolder(root)};
 };
 
-TEST_F(KernelFolders, GiveThePortsByNumberAndTellWhatIsNotThere) {
-  EXPECT_EQ(driver.find().size(), 0U);
-  EXPECT_EQ(driver.none().kind, Kind::NoDriver);
-  make("sys/module/parport_pc/refcnt", "0");
-  EXPECT_EQ(driver.none().kind, Kind::NoPort);
-  for (const int number : {5, 10, 2, 7}) makePort(number, 0x378 + number);
-  make("proc/sys/dev/parport/default/timeslice", "200");
-  make("proc/sys/dev/parport/parport3/base-addr", "x\n");
-  make("proc/sys/dev/parport/parport4/modes", "PCSPP");
-  EXPECT_EQ(driver.find(),
-            (std::vector<FoundPort>{{2, 0x37A}, {5, 0x37D}, {7, 0x37F}, {10, 0x382}}));
-  EXPECT_EQ(driver.look(port), of(Kind::NoNode));
-  make("sys/class/ppdev/parport1");
-  EXPECT_EQ(driver.look(port), driver.none());
-  makePort();
-  fs::remove(node);
-  EXPECT_EQ(driver.look(port), of(Kind::Hidden));
-}
-
-TEST_F(KernelFolders, TellWhoHasAPortByEitherWay) {
-  makePort();
-  EXPECT_EQ(raw.look(port), of(Kind::NoLockFolder, ENOENT)) << "without a folder for locks";
-  make("run/lock/x");
-  EXPECT_EQ(driver.look(port), of(Kind::Untried));
-  EXPECT_EQ(driver.open(port, {}).state, of(Kind::Failed, ENOTTY)) << "a node without a port";
-  EXPECT_EQ(raw.look(port), (PortState{.kind = Kind::Untried, .address = port.address}));
-  EXPECT_EQ(raw.open(port, {}).state.kind, Kind::NoRegisters);
-  EXPECT_EQ(std::ranges::count(raw.find(), port), 0) << "it doesn't answer";
-  fs::create_directories(devices / "lp");
-  PortState expected = of(Kind::Untried);
-  expected.shared = true;
-  EXPECT_EQ(driver.look(port), expected);
-  EXPECT_EQ(driver.open(port, {}).state, of(Kind::Failed, ENOTTY)) << "nor beside the printer's";
-  makePort("lp");
-  EXPECT_EQ(driver.look(port), of(Kind::Printing));
-  EXPECT_EQ(raw.look(port).holder, "lp");
-  EXPECT_TRUE(raw.look(port).holderIsDriver);
-  LockedFile other(node);
-  ASSERT_TRUE(other.lock());
-  expectBusy(thisProgram, false);
-  other = LockedFile(scratch.path("nincs"));
-  EXPECT_EQ(other.error(), ENOENT);
-  EXPECT_EQ(driver.open(port, {}).state, of(Kind::Printing));
-  LockedFile byRegisters = lockFile(scratch.path("run/lock/monitra-10378"));
-  ASSERT_TRUE(byRegisters.lock());
-  expectBusy(thisProgram, false);
-  fs::create_directories(devices / "imm");
-  expectBusy("imm", true);
+TEST_F(KernelFolders, GiveThePortsByNumberAndTellWhatIsNotThereAndWhoHasAPortByEitherWay) {
+  play("kernel folders",
+       {{"make", [this](auto& path, auto& content) { make(path, content); }},
+        {"remove", [this](auto& path, auto&) { EXPECT_TRUE(fs::remove(root / path)); }},
+        {"lock",
+         [this](auto& path, auto&) { EXPECT_TRUE((locked[path] = lockFile(root / path)).lock()); }},
+        {"free", [this](auto& path, auto&) { EXPECT_EQ(locked.erase(path), 1U); }},
+        {"find",
+         [this](auto&, auto&) {
+           for (const auto& [number, at] : driver.find()) {
+             tell(std::to_string(number) + " " + hex(at));
+           }
+         }},
+        {"raw find",
+         [this](auto&, auto&) { tell(std::to_string(std::ranges::count(raw.find(), port))); }},
+        {"none", [this](auto&, auto&) { tell(text(driver.none())); }},
+        {"look", [this](auto&, auto&) { tell(text(driver.look(port))); }},
+        {"raw look", [this](auto&, auto&) { tell(text(raw.look(port))); }},
+        {"open", [this](auto&, auto&) { tell(text(driver.open(port, {}).state)); }},
+        {"raw open", [this](auto&, auto&) { tell(text(raw.open(port, {}).state)); }}});
 }
 
 TEST_F(KernelFolders, NameTheProgramThatHasAFileOpenAndLockWhatIsNoLink) {
@@ -185,6 +151,7 @@ TEST_F(KernelFolders, NameTheProgramThatHasAFileOpenAndLockWhatIsNoLink) {
   EXPECT_EQ(fs::status(scratch.path("zar")).permissions(), fs::perms{0644}) << "for every user";
   fs::create_symlink("zar", scratch.path("lanc"));
   EXPECT_EQ(lockFile(scratch.path("lanc")).error(), ELOOP);
+  EXPECT_EQ(LockedFile(scratch.path("nincs")).error(), ENOENT);
 
   const std::string file = scratch.write("nyitva", "");
   const LockedFile mine(file);
