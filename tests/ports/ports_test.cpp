@@ -9,7 +9,9 @@
 #include "ports/raw_driver.h"
 #include "ports/recorder.h"
 #include "ports/simulated_port.h"
+#include "ports/steps.h"
 #include "ports/vcd.h"
+#include "support/journal.h"
 #include "support/port_contract.h"
 #include "support/same.h"
 #include "support/scratch.h"
@@ -26,97 +28,50 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(PortUnderTest{
         "simulated", [] { return std::make_unique<SimulatedPort>(); }, {0x378, 0x278, 0x3BC}}));
 
-struct Simulated : testing::Test {
-  Simulated() {
-    port.received = [this](std::int32_t address, const VirtualController& from,
-                           const Received& message) {
+struct Simulated : Steps {
+  void makePort() {
+    port = std::make_unique<SimulatedPort>([this] { return now; });
+    port->received = [this](std::int32_t address, const VirtualController& from,
+                            const Received& message) {
       const char* const kinds[] = {"setup ", "frame ", "unknown "};
-      heard.push_back(std::to_string(address) + " " + std::string(from.wiring().board) + " " +
-                      kinds[static_cast<int>(message.kind)] + bytesText(message.bytes));
+      tell(std::to_string(address) + " " + std::string(from.wiring().board) + " " +
+           kinds[static_cast<int>(message.kind)] + bytesText(message.bytes));
       keepState(from);
     };
-    port.moved = [this](std::int32_t, const VirtualController& from) { keepState(from); };
+    port->moved = [this](std::int32_t, const VirtualController& from) { keepState(from); };
   }
-
   void keepState(const VirtualController& from) {
     if (from.wiring().board == wiringV4x.board) state = describe(from.machine());
   }
-  void write(std::int32_t address, const std::vector<int>& levels) {
-    for (const int level : levels) {
-      port.DlPortWritePortUchar(address, static_cast<std::uint8_t>(level));
-    }
+  void write(const std::string& address, int levels) {
+    port->DlPortWritePortUchar(number(address), static_cast<std::uint8_t>(levels));
   }
   /// Clocks bytes into a port by its pins alone.
-  void send(const std::vector<int>& bytes, std::int32_t address = 0x378, int clockBit = 7) {
-    for (const int byte : bytes) {
+  void send(const std::string& address, const std::string& bytes, int clockBit) {
+    std::istringstream all(bytes);
+    for (int byte = 0; all >> byte;) {
       for (int n = 0; n < 8; ++n) {
         const int data = (byte >> n & 1) << 5;
-        write(address, {data, data | 1 << clockBit, data});
+        for (const int levels : {data, data | 1 << clockBit, data}) write(address, levels);
       }
     }
   }
 
-  std::chrono::nanoseconds now{};
-  SimulatedPort port{[this] { return now; }};
-  Journal heard;
-  std::string state;  ///< of the machine on board V4.x that did something last
+  std::unique_ptr<SimulatedPort> port;
+  std::string state;
 };
 
-TEST_F(Simulated, EachBoardTellsMessagesOnItsOwnClockAndPort) {
-  const std::string setup = "85 0 244 91 24 24 244 91 24 24 244 91 24 24 0 3 232 1 0 ";
-  send({110, 0, 4}, 0x278, 2);
-  send({120, 0, 1}, 0x37A);
-  send({7});
-  for (const int last : {255, 254}) {
-    send({85, 0, 244, 91, 24, 24, 244, 91, 24, 24, 244, 91, 24, 24, 0, 3, 232, 1, 0, last});
-  }
-  send({99, 0, 3, 120, 1, 16, 120, 0, 8});
-  EXPECT_TRUE(same(heard, {"632 PCB V3.2 frame 110 0 4", "888 PCB V4.x unknown 7",
-                           "888 PCB V4.x setup " + setup + "255",
-                           "888 PCB V4.x unknown " + setup + "254", "888 PCB V4.x unknown 99 0 3",
-                           "888 PCB V4.x unknown 120 1 16", "888 PCB V4.x frame 120 0 8"}));
-}
-
-TEST_F(Simulated, AStepOrALongPauseEndsWhatHasComeOfAMessage) {
-  write(0x378, {0x80, 0xA0, 0xA0, 0x20});  // a clock that is high at first is no edge
-  send({99, 0, 16});
-  write(0x378, {0xA0, 0x20, 0xA0, 0x00});
-  now += 201ms;
-  send({120, 0});
-  now += 200ms;
-  send({1, 110, 0});
-  now += 201ms;
-  send({120});
-  write(0x378, {0x80, 0x82, 0x00});
-  send({99, 0, 8});
-  EXPECT_TRUE(same(heard, {"888 PCB V4.x frame 99 0 16", "888 PCB V4.x frame 120 0 1",
-                           "888 PCB V4.x unknown 110 0", "888 PCB V4.x unknown 120",
-                           "888 PCB V4.x frame 99 0 8"}));
-}
-
-TEST_F(Simulated, TheMachineFollowsStepsLinesAndSpindleUntilANewOneComes) {
-  write(0x378, {0x44, 0x44, 0x04, 0x44, 0x44, 0x04, 0x44});
-  EXPECT_EQ(state, "X 2, Y 0, Z 0, terhelés 0%") << "a level that was high at first is no edge";
-  write(0x378, {0x00, 0x10, 0x00, 0x10, 0x00, 0x30, 0x20, 0x82, 0x00, 0x02, 0x06});
-  EXPECT_EQ(state, "X 2, Y -1, Z 0, terhelés 0%");
-  write(0x37A, {0x02});
-  EXPECT_EQ(state, "X 2, Y -1, Z 0, terhelés 0%, marómotor ki");
-  write(0x37A, {0x00, 0x0D});
-  write(0x378, {0x00});
-  send({99, 0, 1, 99, 0, 8, 110, 0, 4});
-  EXPECT_EQ(state, "X 2 L1 L4, Y -1 L3, Z 0, terhelés 50%, marómotor be");
-  send({99, 0, 16});
-  EXPECT_EQ(state, "X 2, Y -1 L3, Z 0, terhelés 16%, marómotor be");
-  send({120, 0, 8, 99});
-  port.plugIn("PCB V3.2");
-  send({0, 1});
-  EXPECT_EQ(state, "X 2 L1, Y -1 L3, Z 0 L4, terhelés 50%, marómotor be") << "it isn't this one";
-  send({99});
-  write(0x378, {0xA0});
-  port.plugIn("PCB V4.x");
-  write(0x378, {0x00});
-  send({120, 0, 2});
-  EXPECT_EQ(state, "X 0, Y 0, Z 0 L2, terhelés 16%");
+TEST_F(Simulated, EachBoardTellsItsMessagesAndItsMachineFollowsThePins) {
+  play("virtual controller", {{"new", [this](auto&, auto&) { makePort(); }},
+                              {"bytes", [this](auto& at, auto& bytes) { send(at, bytes, 7); }},
+                              {"bytes V3.2", [this](auto& at, auto& bytes) { send(at, bytes, 2); }},
+                              {"levels",
+                               [this](auto& at, auto& levels) {
+                                 std::istringstream all(levels);
+                                 for (int each = 0; all >> std::hex >> each;) write(at, each);
+                               }},
+                              {"plug", [this](auto& board, auto&) { port->plugIn(board); }},
+                              {"state", [this](auto&, auto&) { tell(state); }}});
 }
 
 TEST(Vcd, GivesEveryWriteOfThePortAtItsTime) {
@@ -143,87 +98,52 @@ using Kind = PortState::Kind;
 
 /// Folders as the kernel shows them. No port stands behind their nodes, and no PC has registers at
 /// their port's address.
-struct KernelFolders : testing::Test {
-  void make(const std::string& path, const std::string& content = {}) {
-    fs::create_directories(fs::path(scratch.path(path)).parent_path());
-    scratch.write(path, content);
+struct KernelFolders : Steps {
+  /// All that it holds: its kind by number, address, node, holder and the rest.
+  std::string text(const PortState& state) const {
+    std::string all = std::to_string(static_cast<int>(state.kind)) + " " + hex(state.address);
+    if (!state.node.empty()) all += " " + fs::path(state.node).lexically_relative(root).string();
+    if (!state.holder.empty()) {
+      all += " by " + (state.holder == thisProgram ? "this program" : state.holder);
+    }
+    if (state.error != 0) all += " error " + std::to_string(state.error);
+    return all + state.group + (state.holderIsDriver ? " driver" : "") +
+           (state.shared ? " shared" : "");
   }
-  void makePort(int number, int address, const std::string& active = "none") {
-    const std::string name = "parport" + std::to_string(number);
-    make("proc/sys/dev/parport/" + name + "/base-addr", std::to_string(address) + "\t0\n");
-    make("proc/sys/dev/parport/" + name + "/devices/active", active + "\n");
-    make("dev/" + name);
-  }
-  void makePort(const std::string& active = "none") { makePort(0, port.address, active); }
-  PortState of(Kind kind, int error = 0) {
-    return {.kind = kind, .address = port.address, .node = node, .error = error};
-  }
-  void expectBusy(const std::string& holder, bool isDriver) {
-    PortState expected = of(Kind::Busy);
-    expected.holder = holder;
-    expected.holderIsDriver = isDriver;
-    EXPECT_EQ(driver.look(port), expected) << holder;
-    EXPECT_EQ(raw.look(port), expected) << holder;
-    EXPECT_EQ(driver.open(port, {}).state, expected) << holder;
+  void make(const std::string& path, const std::string& content) {
+    fs::create_directories((root / path).parent_path());
+    if (!path.ends_with('/')) scratch.write(path, content + "\n");
   }
 
   const FoundPort port{0, 0x10378};
   const std::string thisProgram = "test_ports (" + std::to_string(::getpid()) + ")";
   Scratch scratch;
-  const std::string node = scratch.path("dev/parport0");
-  const fs::path devices = scratch.path("proc/sys/dev/parport/parport0/devices");
-  KernelDriver driver{ParportFolder(scratch.path())};
-  RawDriver raw{ParportFolder(scratch.path())};
+  const fs::path root = scratch.path();
+  std::map<std::string, LockedFile> locked;
+  KernelDriver driver{ParportFolder(root)};
+  RawDriver raw{ParportFolder(root)};
 };
 
-TEST_F(KernelFolders, GiveThePortsByNumberAndTellWhatIsNotThere) {
-  EXPECT_EQ(driver.find().size(), 0U);
-  EXPECT_EQ(driver.none().kind, Kind::NoDriver);
-  make("sys/module/parport_pc/refcnt", "0");
-  EXPECT_EQ(driver.none().kind, Kind::NoPort);
-  for (const int number : {5, 10, 2, 7}) makePort(number, 0x378 + number);
-  make("proc/sys/dev/parport/default/timeslice", "200");
-  make("proc/sys/dev/parport/parport3/base-addr", "x\n");
-  make("proc/sys/dev/parport/parport4/modes", "PCSPP");
-  EXPECT_EQ(driver.find(),
-            (std::vector<FoundPort>{{2, 0x37A}, {5, 0x37D}, {7, 0x37F}, {10, 0x382}}));
-  EXPECT_EQ(driver.look(port), of(Kind::NoNode));
-  make("sys/class/ppdev/parport1");
-  EXPECT_EQ(driver.look(port), driver.none());
-  makePort();
-  fs::remove(node);
-  EXPECT_EQ(driver.look(port), of(Kind::Hidden));
-}
-
-TEST_F(KernelFolders, TellWhoHasAPortByEitherWay) {
-  makePort();
-  EXPECT_EQ(raw.look(port), of(Kind::NoLockFolder, ENOENT)) << "without a folder for locks";
-  make("run/lock/x");
-  EXPECT_EQ(driver.look(port), of(Kind::Untried));
-  EXPECT_EQ(driver.open(port, {}).state, of(Kind::Failed, ENOTTY)) << "a node without a port";
-  EXPECT_EQ(raw.look(port), (PortState{.kind = Kind::Untried, .address = port.address}));
-  EXPECT_EQ(raw.open(port, {}).state.kind, Kind::NoRegisters);
-  EXPECT_EQ(std::ranges::count(raw.find(), port), 0) << "it doesn't answer";
-  fs::create_directories(devices / "lp");
-  PortState expected = of(Kind::Untried);
-  expected.shared = true;
-  EXPECT_EQ(driver.look(port), expected);
-  EXPECT_EQ(driver.open(port, {}).state, of(Kind::Failed, ENOTTY)) << "nor beside the printer's";
-  makePort("lp");
-  EXPECT_EQ(driver.look(port), of(Kind::Printing));
-  EXPECT_EQ(raw.look(port).holder, "lp");
-  EXPECT_TRUE(raw.look(port).holderIsDriver);
-  LockedFile other(node);
-  ASSERT_TRUE(other.lock());
-  expectBusy(thisProgram, false);
-  other = LockedFile(scratch.path("nincs"));
-  EXPECT_EQ(other.error(), ENOENT);
-  EXPECT_EQ(driver.open(port, {}).state, of(Kind::Printing));
-  LockedFile byRegisters = lockFile(scratch.path("run/lock/monitra-10378"));
-  ASSERT_TRUE(byRegisters.lock());
-  expectBusy(thisProgram, false);
-  fs::create_directories(devices / "imm");
-  expectBusy("imm", true);
+TEST_F(KernelFolders, GiveThePortsByNumberAndTellWhatIsNotThereAndWhoHasAPortByEitherWay) {
+  play("kernel folders",
+       {{"make", [this](auto& path, auto& content) { make(path, content); }},
+        {"remove", [this](auto& path, auto&) { EXPECT_TRUE(fs::remove(root / path)); }},
+        {"lock",
+         [this](auto& path, auto&) { EXPECT_TRUE((locked[path] = lockFile(root / path)).lock()); }},
+        {"free", [this](auto& path, auto&) { EXPECT_EQ(locked.erase(path), 1U); }},
+        {"find",
+         [this](auto&, auto&) {
+           for (const auto& [number, at] : driver.find()) {
+             tell(std::to_string(number) + " " + hex(at));
+           }
+         }},
+        {"raw find",
+         [this](auto&, auto&) { tell(std::to_string(std::ranges::count(raw.find(), port))); }},
+        {"none", [this](auto&, auto&) { tell(text(driver.none())); }},
+        {"look", [this](auto&, auto&) { tell(text(driver.look(port))); }},
+        {"raw look", [this](auto&, auto&) { tell(text(raw.look(port))); }},
+        {"open", [this](auto&, auto&) { tell(text(driver.open(port, {}).state)); }},
+        {"raw open", [this](auto&, auto&) { tell(text(raw.open(port, {}).state)); }}});
 }
 
 TEST_F(KernelFolders, NameTheProgramThatHasAFileOpenAndLockWhatIsNoLink) {
@@ -231,6 +151,7 @@ TEST_F(KernelFolders, NameTheProgramThatHasAFileOpenAndLockWhatIsNoLink) {
   EXPECT_EQ(fs::status(scratch.path("zar")).permissions(), fs::perms{0644}) << "for every user";
   fs::create_symlink("zar", scratch.path("lanc"));
   EXPECT_EQ(lockFile(scratch.path("lanc")).error(), ELOOP);
+  EXPECT_EQ(LockedFile(scratch.path("nincs")).error(), ENOENT);
 
   const std::string file = scratch.write("nyitva", "");
   const LockedFile mine(file);
