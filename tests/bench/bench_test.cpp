@@ -13,7 +13,7 @@ namespace {
 using namespace support;
 
 /// The tab "PC-Link" without its window, with the first port selected and board V4.x.
-struct Motors {
+struct Motors : testing::Test {
   Journal journal;
   JournalPort registers{journal};
   link::PortPanel ports;
@@ -26,24 +26,19 @@ struct Motors {
   PhaseTest test{phases, tap, frames};
 };
 
-struct MotorTests : testing::Test, Motors {};
-
-TEST_F(MotorTests, EachPartOfAPressComesInItsOrder) {
-  const auto note = [this](const char* name, auto& property) {
-    journalise(journal, property, name, std::hex);
-  };
+TEST_F(Motors, EachPartOfAPressComesInItsOrder) {
   load.LEDsav.Limit1 = load.LEDsav.Limit2 = 1;
-  note("button ", load.TapFel.Enabled);
-  note("limit 2 ", load.LEDsav.Limit2);
-  note("limit 1 ", load.LEDsav.Limit1);
-  note("bar ", load.LEDsav.Level);
-  note("frame ", load.Figy.Enabled);
-  note("words ", load.Figy2.Enabled);
-  note("ground ", load.Figy2.BackColor);
-  note("colour ", load.Taptext.ForeColor);
-  note("text", load.Taptext.Text);
-  note("150 ", load.TulH.Checked);
-  note("200 ", load.Teh200.Checked);
+  journalise(journal, load.TapFel.Enabled, "button ");
+  journalise(journal, load.LEDsav.Limit2, "limit 2 ");
+  journalise(journal, load.LEDsav.Limit1, "limit 1 ");
+  journalise(journal, load.LEDsav.Level, "bar ");
+  journalise(journal, load.Figy.Enabled, "frame ");
+  journalise(journal, load.Figy2.Enabled, "words ");
+  journalise(journal, load.Figy2.BackColor, "ground ");
+  journalise(journal, load.Taptext.ForeColor, "colour ");
+  journalise(journal, load.Taptext.Text, "text");
+  journalise(journal, load.TulH.Checked, "150 ");
+  journalise(journal, load.Teh200.Checked, "200 ");
   tap.begun.handle([this] { journal.emplace_back("begun"); });
   tap.refused.handle([this] { journal.emplace_back("refused"); });
   const auto press = [this](controls::PushButton& button) {
@@ -92,23 +87,18 @@ TEST_F(Jog, EveryWayOfStoppingHasItsOrder) {
   journalise(journal, panel.SpindleGomb.Value, "spindle ");
   for (auto* label : {&ports.Cim1, &ports.Cim2}) journalise(journal, label->Caption);
   for (const int box : {0, 7, 8}) ports.Bitcim[box].click();
-  const std::tuple<const char*, std::function<void()>, Journal> ways[] = {
-      {"toggle", [this] { panel.Impulzus.click(); }, {"generator 0", "timer 0", "spindle 0"}},
-      {"rate", [this] { panel.Seb.type("101"); }, {"generator 0", "timer 0", "spindle 0"}},
-      {"focus", [this] { generator.SSTab1_GotFocus(); }, {"timer 0", "generator 0", "spindle 0"}},
-      {"bits",
-       [this] { bits.Kuld.click(); },
-       {"H378", "H37A", "generator 0", "timer 0", "spindle 0", "w378=81", "w37A=2"}},
-      {"zeros",
-       [this] { bits.Torles.click(); },
-       {"timer 0", "generator 0", "spindle 0", "H378", "H37A", "w378=0", "w37A=0"}}};
-  for (const auto& [way, stop, expected] : ways) {
+  const std::function<void()> ways[] = {
+      [this] { panel.Impulzus.click(); }, [this] { panel.Seb.type("101"); },
+      [this] { generator.SSTab1_GotFocus(); }, [this] { bits.Kuld.click(); },
+      [this] { bits.Torles.click(); }};
+  const auto stops = rows("stops");
+  for (std::size_t way = 0; way < std::size(ways); ++way) {
     ports.Cim1.Caption = ports.Cim2.Caption = "Cím";
     panel.Impulzus.click();
     panel.SpindleGomb.click();
     journal.clear();
-    stop();
-    EXPECT_TRUE(same(journal, expected)) << way;
+    ways[way]();
+    EXPECT_TRUE(same(journal, stops[way])) << way;
   }
 }
 

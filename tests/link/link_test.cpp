@@ -73,18 +73,6 @@ TEST_F(Link, BoardRevisionSetsMapCaptionsAndMarks) {
   EXPECT_TRUE(same(journal, rows("choices")[0])) << "only a choice in the menu is stored";
 }
 
-TEST_F(Link, IdleIsOneWriteAndABitOneReadThreeWritesThreeWaits) {
-  registers.values = {{0x378, 0xFF}, {0x3BC, 0xFF}};
-  for (const auto& [pcb, entry] : {std::pair(Pcb::V4x, 0), std::pair(Pcb::V32, 2)}) {
-    port.PcbAlkalmaz(pcb);
-    panel.LPT.select(entry);
-    line.SorosAlap();
-    line.SorosBit(true);
-    line.SorosBit(false);
-    EXPECT_TRUE(same(std::exchange(journal, {}), rows("bits")[entry / 2]));
-  }
-}
-
 TEST_F(Link, BytesGoLeastSignificantBitFirstFromAnyLevels) {
   registers.DlPortWritePortUchar(0x378, 0xDF);
   for (const int byte : {85, 0, 255, 2}) line.SorosBajt(static_cast<std::uint8_t>(byte));
@@ -114,17 +102,6 @@ TEST_F(Link, UploadAsksSendsEachSpinValueInItsPlaceMovesTheBarAndSpeaks) {
   EXPECT_TRUE(same(decoded(journal), rows("upload")[0]));
   EXPECT_EQ(setupMessage({.Xegesz = true})[18], 1);
   EXPECT_EQ(setupMessage({.Yegesz = true})[18], 2);
-  EXPECT_EQ(setupMessage({.Zegesz = true})[18], 4);
-}
-
-TEST_F(Link, UploadTouchesNothingOnNo) {
-  box.answers = {platform::BoxAnswer::No};
-  setup.Letolt.click();
-  EXPECT_TRUE(same(journal, {})) << "the button starts disabled";
-  setup.Letolt.Enabled = true;
-  setup.Letolt.click();
-  EXPECT_TRUE(same(journal, {rows("upload")[0][3]}));
-  EXPECT_TRUE(setup.Letolt.Enabled);
 }
 
 }  // namespace

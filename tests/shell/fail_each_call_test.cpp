@@ -117,7 +117,7 @@ struct World : Program, platform::SettingsStore, ports::PortDriver {
 struct Operation {
   const char* name;
   std::function<void(World&)> ahead, act;
-  std::function<bool(World&)> holds;  ///< what must, whatever has failed
+  std::function<bool(World&)> holds = [](World&) { return true; };  ///< whatever has failed
 };
 
 const auto start = [](World& world) { world.lap.Form_Load(); };
@@ -139,14 +139,13 @@ const Operation operations[] = {
      [](World& w) {
        return w.line().starts_with("Kiküldve") ? w.messages[0].size() == 480 : w.told();
      }},
-    {"frame", start, [](World& w) { w.lap.load.TapFel.click(); }, [](World&) { return true; }},
+    {"frame", start, [](World& w) { w.lap.load.TapFel.click(); }},
     {"generator", start,
      [](World& w) {
        w.lap.jog.Impulzus.click();
        w.lap.jog.Mozg[0].press();
        for (int n = 0; n < 3; ++n) w.lap.jog.Timer1.tick();
-     },
-     [](World&) { return true; }},
+     }},
     {"read a firmware", start, [](World& w) { w.choose("fw.hex"), w.lap.openFirmware(); },
      [](World& w) {
        const bool read = w.lap.setup.FolLe[0].Value == 32 && w.stored("PCB") == "40";
