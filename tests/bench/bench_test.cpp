@@ -12,8 +12,9 @@ namespace {
 
 using namespace support;
 
-/// The tab "PC-Link" without its window, with the first port selected and board V4.x.
-struct Motors : testing::Test {
+/// The tabs "PC-Link" and "Teszt" without their window, with the first port selected and board
+/// V4.x.
+struct Bench : testing::Test {
   Journal journal;
   JournalPort registers{journal};
   link::PortPanel ports;
@@ -24,9 +25,13 @@ struct Motors : testing::Test {
   LoadPanel load;
   LoadTest tap{load, phases, frames, [this] { journal.emplace_back("beep"); }};
   PhaseTest test{phases, tap, frames};
+  JogPanel jog;
+  BitPanel bits;
+  PulseGenerator generator{jog, ports, port, registers};
+  BitOutput output{bits, jog, ports, port, registers};
 };
 
-TEST_F(Motors, EachPartOfAPressComesInItsOrder) {
+TEST_F(Bench, EachPartOfAPressComesInItsOrder) {
   load.LEDsav.Limit1 = load.LEDsav.Limit2 = 1;
   journalise(journal, load.TapFel.Enabled, "button ");
   journalise(journal, load.LEDsav.Limit2, "limit 2 ");
@@ -57,45 +62,33 @@ TEST_F(Motors, EachPartOfAPressComesInItsOrder) {
   EXPECT_TRUE(same(press(load.TapStop), presses[4]));
 }
 
-/// The tab "Teszt" without its window, with the first port selected and board V4.x.
-struct Jog : testing::Test {
-  Journal journal;
-  JournalPort registers{journal};
-  JogPanel panel;
-  BitPanel bits;
-  link::PortPanel ports;
-  link::PortSelection port{ports, [](link::Pcb) {}};
-  PulseGenerator generator{panel, ports, port, registers};
-  BitOutput output{bits, panel, ports, port, registers};
-};
-
-TEST_F(Jog, StartsAtTheRateInTheBoxAndCorrectsOneThatIsNone) {
+TEST_F(Bench, StartsAtTheRateInTheBoxAndCorrectsOneThatIsNone) {
   for (const Row& row : rows("rates")) {
-    panel.Seb.type(row[0]);
-    EXPECT_FALSE(panel.Impulzus.Value) << row[0] << ": an edit stops, after a correction too";
-    panel.Impulzus.click();
-    EXPECT_TRUE(panel.Impulzus.Value) << row[0] << ": a correction is no edit";
-    EXPECT_EQ(panel.Seb.Text.get() + "|" + std::to_string(panel.Timer1.Interval),
+    jog.Seb.type(row[0]);
+    EXPECT_FALSE(jog.Impulzus.Value) << row[0] << ": an edit stops, after a correction too";
+    jog.Impulzus.click();
+    EXPECT_TRUE(jog.Impulzus.Value) << row[0] << ": a correction is no edit";
+    EXPECT_EQ(jog.Seb.Text.get() + "|" + std::to_string(jog.Timer1.Interval),
               row[1] + "|" + row[2]);
   }
   EXPECT_TRUE(same(journal, {})) << "neither a start nor a stop touches the port";
 }
 
-TEST_F(Jog, EveryWayOfStoppingHasItsOrder) {
-  journalise(journal, panel.Timer1.Enabled, "timer ");
-  journalise(journal, panel.Impulzus.Value, "generator ");
-  journalise(journal, panel.SpindleGomb.Value, "spindle ");
+TEST_F(Bench, EveryWayOfStoppingHasItsOrder) {
+  journalise(journal, jog.Timer1.Enabled, "timer ");
+  journalise(journal, jog.Impulzus.Value, "generator ");
+  journalise(journal, jog.SpindleGomb.Value, "spindle ");
   for (auto* label : {&ports.Cim1, &ports.Cim2}) journalise(journal, label->Caption);
   for (const int box : {0, 7, 8}) ports.Bitcim[box].click();
   const std::function<void()> ways[] = {
-      [this] { panel.Impulzus.click(); }, [this] { panel.Seb.type("101"); },
+      [this] { jog.Impulzus.click(); }, [this] { jog.Seb.type("101"); },
       [this] { generator.SSTab1_GotFocus(); }, [this] { bits.Kuld.click(); },
       [this] { bits.Torles.click(); }};
   const auto stops = rows("stops");
   for (std::size_t way = 0; way < std::size(ways); ++way) {
     ports.Cim1.Caption = ports.Cim2.Caption = "Cím";
-    panel.Impulzus.click();
-    panel.SpindleGomb.click();
+    jog.Impulzus.click();
+    jog.SpindleGomb.click();
     journal.clear();
     ways[way]();
     EXPECT_TRUE(same(journal, stops[way])) << way;

@@ -33,8 +33,6 @@ TEST_P(Fuzz, HoldsWithItsCorpusAndWithMixedLinesOfIt) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, Fuzz,
-                         testing::ValuesIn<Fuzz::ParamType>({{"lap", lap_fuzz},
-                                                             {"pwm", pwm_fuzz},
-                                                             {"hex", hex_fuzz},
-                                                             {"preferences", preferences_fuzz}}));
+static const Fuzz::ParamType fuzzers[] = {
+    {"lap", lap_fuzz}, {"pwm", pwm_fuzz}, {"hex", hex_fuzz}, {"preferences", preferences_fuzz}};
+INSTANTIATE_TEST_SUITE_P(Each, Fuzz, testing::ValuesIn(fuzzers));

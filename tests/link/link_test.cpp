@@ -34,18 +34,15 @@ struct Link : testing::Test {
 };
 
 TEST_F(Link, AddressesFollowTheSelectionOnlyWhenRefreshed) {
-  const auto state = [this] {
-    return std::to_string(port.AdatPort) + " " + std::to_string(port.VezerloPort) + " " +
-           panel.Cim1.Caption.get() + " " + panel.Cim2.Caption.get();
+  const auto note = [this] {
+    journal.push_back(std::to_string(port.AdatPort) + " " + std::to_string(port.VezerloPort) + " " +
+                      panel.Cim1.Caption.get() + " " + panel.Cim2.Caption.get());
   };
   port.PortCimKiir();
   for (const int entry : {1, 2, 0}) {
-    panel.LPT.select(entry);
-    journal.push_back(state());
-    port.PortCimFrissit();
-    journal.push_back(state());
-    port.PortCimKiir();
-    journal.push_back(state());
+    panel.LPT.select(entry), note();
+    port.PortCimFrissit(), note();
+    port.PortCimKiir(), note();
   }
   EXPECT_TRUE(same(journal, rows("addresses")[0])) << "and no port is touched";
   EXPECT_EQ(controlAddress(889), 0) << "unknown";
@@ -62,8 +59,8 @@ TEST_F(Link, BoardRevisionSetsMapCaptionsAndMarks) {
     return all;
   };
   const auto boards = rows("boards");
-  panel.PCBV.Caption.observe([this] { journal.push_back(panel.PCBV.Caption); });
-  panel.Bitcim[7].Caption.observe([this] { journal.push_back(panel.Bitcim[7].Caption); });
+  journalise(journal, panel.PCBV.Caption);
+  journalise(journal, panel.Bitcim[7].Caption);
   panel.Mpcb32.click();
   EXPECT_TRUE(same(board(), boards[0]));
   for (int twice = 0; twice < 2; ++twice) panel.Mpcb40.click();
@@ -92,8 +89,7 @@ TEST_F(Link, UploadAsksSendsEachSpinValueInItsPlaceMovesTheBarAndSpeaks) {
   setup.Xegesz.Checked = setup.Yegesz.Checked = setup.Zegesz.Checked = true;
   setup.Letolt.Enabled = true;
   setup.Bar.Value = 7;
-  setup.Bar.Value.observe(
-      [this] { journal.push_back("bar " + std::to_string(static_cast<int>(setup.Bar.Value))); });
+  journalise(journal, setup.Bar.Value, "bar ");
   setup.Letolt.Enabled.observe([this] { journal.push_back(setup.Letolt.Enabled ? "on" : "off"); });
   upload.begun.handle([this] { journal.emplace_back("begun"); });
   upload.sending.handle([this] { journal.emplace_back("sending"); });
