@@ -7,8 +7,11 @@
 using Fuzzer = int(const std::uint8_t* data, std::size_t size);
 extern "C" Fuzzer lap_fuzz, pwm_fuzz, hex_fuzz, preferences_fuzz;
 
+struct Fuzz : testing::TestWithParam<std::pair<std::string, Fuzzer*>> {};
+
 /// Plays each file of the corpus as it is, and with more and more lines of all of them put in.
-static void play(const std::string& name, Fuzzer& fuzzer) {
+TEST_P(Fuzz, HoldsWithItsCorpusAndWithMixedLinesOfIt) {
+  const auto& [name, fuzzer] = GetParam();
   using Lines = std::vector<std::string>;
   std::map<std::filesystem::path, Lines> corpus;
   Lines all;
@@ -30,15 +33,6 @@ static void play(const std::string& name, Fuzzer& fuzzer) {
   }
 }
 
-TEST(Fuzz, Lap) {
-  play("lap", lap_fuzz);
-}
-TEST(Fuzz, Pwm) {
-  play("pwm", pwm_fuzz);
-}
-TEST(Fuzz, Hex) {
-  play("hex", hex_fuzz);
-}
-TEST(Fuzz, Preferences) {
-  play("preferences", preferences_fuzz);
-}
+static const Fuzz::ParamType fuzzers[] = {
+    {"lap", lap_fuzz}, {"pwm", pwm_fuzz}, {"hex", hex_fuzz}, {"preferences", preferences_fuzz}};
+INSTANTIATE_TEST_SUITE_P(Each, Fuzz, testing::ValuesIn(fuzzers));

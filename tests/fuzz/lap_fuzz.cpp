@@ -45,9 +45,9 @@ struct LapWorld : SetupWorld {
     }
     for (int n = 0; n < 9; ++n) check(lap.port.Bitcim[n].Enabled == !on, "bit");
     for (int n = 0; n < 21; ++n) check(lap.phases.L[n].Value == (chosen[n / 7] == n), "line");
-    check(jog.Impulzus.Value == on && jog.Timer1.Enabled == on && jog.Seb.Text.get() == rate,
-          "rate");
-    check(jog.SpindleGomb.Enabled == on && jog.SpindleGomb.Value == spindle, "spindle");
+    check(jog.Impulzus.Value == on && jog.Timer1.Enabled == on && jog.Seb.Text.get() == rate &&
+              jog.SpindleGomb.Enabled == on && jog.SpindleGomb.Value == spindle,
+          "rate or spindle");
     check(load.TulH.Checked == permits[0] && load.Teh200.Checked == permits[1], "permits");
     std::ostringstream shown;
     shown << load.Taptext.Text.get() << std::hex << " " << load.Taptext.ForeColor << " "

@@ -13,17 +13,6 @@ namespace monitra::settings {
 namespace {
 
 struct Settings : testing::Test {
-  /// Stores while no file may grow beyond so many bytes.
-  void saveOnAFullDisk(rlim_t most) {
-    rlimit before{};
-    ::getrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit full{most, before.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &full);
-    settings.SaveSetting("a", "Setup", "LPT", " 3");
-    ::setrlimit(RLIMIT_FSIZE, &before);
-  }
-
   const support::Scratch scratch;
   const std::string folder = scratch.path("uj/monitra"), file = "uj/monitra/a.json",
                     bad = scratch.path("uj/monitra/a.json.bad");
@@ -42,10 +31,6 @@ TEST_F(Settings, KeepTheirContract) {
 
 TEST_F(Settings, WhateverTheFileIsTheNextSaveMakesOneAndKeepsWhatCannotBeMadeOut) {
   settings.SaveSetting("a", "Setup", "LPT", " 1");
-  const auto remake = [this](const std::function<void()>& make) {
-    std::filesystem::remove_all(scratch.path(file));
-    make();
-  };
   const auto write = [this](const std::string& bytes) { scratch.write(file, bytes); };
   const std::pair<std::function<void()>, bool> files[] = {
       {[&] { write(""); }, true},
@@ -59,8 +44,8 @@ TEST_F(Settings, WhateverTheFileIsTheNextSaveMakesOneAndKeepsWhatCannotBeMadeOut
       {[&] { std::filesystem::create_directory(scratch.path(file)); }, true}};
   for (const auto& [make, damaged] : files) {
     SCOPED_TRACE(&make - &files[0].first);
-    remake(make);
-    std::filesystem::remove_all(bad);
+    for (const std::string& old : {scratch.path(file), bad}) std::filesystem::remove_all(old);
+    make();
     EXPECT_EQ(settings.GetSetting("a", "Setup", "LPT", "0"), "0");
     EXPECT_EQ(settings.isDamaged("a"), damaged);
     settings.SaveSetting("a", "Setup", "LPT", " 1");
@@ -74,7 +59,15 @@ TEST_F(Settings, AFullDiskLeavesTheOldFileAndALinkStaysOne) {
   std::filesystem::rename(scratch.path(file), scratch.path("valahol.json"));
   std::filesystem::create_symlink(scratch.path("valahol.json"), scratch.path(file));
   ::chmod(scratch.path("valahol.json").c_str(), 0640);
-  for (const rlim_t most : {0, 9}) saveOnAFullDisk(most);
+  rlimit before{};
+  ::getrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, SIG_IGN);
+  for (const rlim_t most : {0, 9}) {  // bytes of a file
+    const rlimit full{most, before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &full);
+    settings.SaveSetting("a", "Setup", "LPT", " 3");
+  }
+  ::setrlimit(RLIMIT_FSIZE, &before);
   EXPECT_EQ(settings.GetSetting("a", "Setup", "LPT", "0"), " 1");
   settings.SaveSetting("a", "Setup", "Seb", "7");
   EXPECT_TRUE(std::filesystem::is_symlink(scratch.path(file)));

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "platform/file_dialog.h"
 #include "platform/files.h"
 #include "platform/settings_store.h"
 #include "platform/sleeper.h"
@@ -18,9 +17,7 @@ inline void filesContract(platform::Files& files, const std::string& path) {
   const std::string title = path.substr(path.find_last_of('/') + 1);
   std::unique_ptr<platform::ByteReader> reader;
   std::unique_ptr<platform::ByteWriter> writer;
-  EXPECT_EQ(files.openForReading(path, reader), Failure::FileNotFound);
   EXPECT_EQ(files.remove(path), Failure::FileNotFound);
-  EXPECT_EQ(files.openForWriting(path + "/x", writer), Failure::PathNotFound);
   for (const std::string content : {"abc", "x"}) {
     EXPECT_EQ(files.Dir(path), content == "abc" ? "" : title);
     ASSERT_EQ(content == "abc" ? files.createForWriting(path, writer)
@@ -62,22 +59,6 @@ inline void sleeperContract(platform::Sleeper& sleeper) {
     sleeper.Sleep(milliseconds);
     EXPECT_GE(sleeper.now() - before, std::chrono::milliseconds(milliseconds));
   }
-}
-
-/// Nobody chooses a name in the dialog while it is shown.
-inline void givenNameContract(platform::FileDialog& dialog) {
-  using platform::Failure;
-  const auto show = [&dialog](bool save) { return save ? dialog.ShowSave() : dialog.ShowOpen(); };
-  for (const bool save : {false, true}) {
-    dialog.FileName = dialog.FileTitle = "before";
-    const platform::GivenName name(dialog, "/a/b.pwm");
-    EXPECT_EQ(show(save), Failure::None);
-    EXPECT_EQ(dialog.FileName + dialog.FileTitle, "/a/b.pwmb.pwm");
-    EXPECT_EQ(show(save), Failure::Cancel) << "only once";
-    EXPECT_EQ(dialog.FileName, "/a/b.pwm");
-  }
-  { const platform::GivenName unused(dialog, "/a/c.pwm"); }
-  EXPECT_EQ(show(false), Failure::Cancel) << "not behind its end";
 }
 
 }  // namespace monitra::support

@@ -26,10 +26,7 @@ inline std::string record(int address, const std::vector<int>& data, int type = 
 /// A record of eight words with these low bytes.
 inline std::string wordRecord(int address, const std::vector<int>& lows, int high = 0) {
   std::vector<int> data;
-  for (const int low : lows) {
-    data.push_back(low);
-    data.push_back(high);
-  }
+  for (const int low : lows) data.insert(data.end(), {low, high});
   return record(address, data);
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -9,9 +8,6 @@
 #include <map>
 #include <optional>
 #include <sstream>
-#include <string>
-#include <utility>
-#include <vector>
 
 #include "platform/file_dialog.h"
 #include "platform/message_box.h"
@@ -33,11 +29,10 @@ inline std::string hex(int value) {
 
 /// From now on each value of the property goes into the journal, behind this name.
 template <class Property>
-void journalise(Journal& journal, Property& property, const std::string& name = {},
-                std::ios_base& (*base)(std::ios_base&) = std::dec) {
+void journalise(Journal& journal, Property& property, const std::string& name = {}) {
   property.observe([=, &journal, &property] {
     std::ostringstream entry;
-    entry << name << base << std::uppercase << property.get();
+    entry << name << property.get();
     journal.push_back(entry.str());
   });
 }
@@ -88,11 +83,10 @@ class JournalBoxes : public platform::MessageBox, InJournal {
   platform::BoxAnswer MsgBox(const std::string& text, int style) override {
     journal_.push_back("box " + std::to_string(style) + ": " + text);
     if (whileOpen) whileOpen();
-    if (answers.empty()) {
-      return platform::box_style::asksYesNo(style) ? platform::BoxAnswer::Yes
-                                                   : platform::BoxAnswer::Ok;
-    }
-    const platform::BoxAnswer answer = answers.front();
+    using platform::BoxAnswer;
+    if (answers.empty())
+      return platform::box_style::asksYesNo(style) ? BoxAnswer::Yes : BoxAnswer::Ok;
+    const BoxAnswer answer = answers.front();
     answers.pop_front();
     return answer;
   }
@@ -113,17 +107,12 @@ class JournalStates : public platform::PortStates {
   }
   void tryAgain(std::int32_t entry) override {
     journal_.push_back("open " + hex(entry));
-    now = afterRetry;
+    now.kind = platform::PortState::Kind::Kernel;
   }
-  void markMessage(bool begins) override {
-    if (begins) ++messages;
-    inMessage = begins;
-  }
+  void markMessage(bool begins) override { inMessage = begins; }
   long vanished() const override { return port_.vanished; }
 
   platform::PortState now{.kind = platform::PortState::Kind::Kernel, .node = "/dev/parport0"};
-  platform::PortState afterRetry = now;
-  int messages = 0;
   bool inMessage = false;
 
  private:
@@ -172,7 +161,7 @@ class JournalSettings : public platform::SettingsStore, InJournal {
   std::string GetSetting(const std::string& application, const std::string& section,
                          const std::string& key, const std::string& fallback) override {
     journal_.push_back("get " + section + "." + key);
-    const auto& of = stored(application, section);
+    const auto& of = stored[application + "/" + section];
     const auto found = of.find(key);
     return found == of.end() ? fallback : found->second;
   }
@@ -180,21 +169,14 @@ class JournalSettings : public platform::SettingsStore, InJournal {
                     const Entries& entries) override {
     for (const auto& [key, value] : entries) {
       journal_.push_back("set " + application + "/" + section + "." + key + "=" + value);
-      stored(application, section)[key] = value;
+      stored[application + "/" + section][key] = value;
     }
   }
   bool isDamaged(const std::string& /*application*/) override { return damaged; }
 
-  std::map<std::string, std::string> values;  ///< those of the program
+  std::map<std::string, std::map<std::string, std::string>> stored;  ///< by "Application/Section"
+  std::map<std::string, std::string>& values = stored["Monitra Setup/Setup"];  ///< the program's
   bool damaged = false;
-
- private:
-  std::map<std::string, std::string>& stored(const std::string& application,
-                                             const std::string& section) {
-    const std::string place = application + "/" + section;
-    return place == "Monitra Setup/Setup" ? values : others_[place];
-  }
-  std::map<std::string, std::map<std::string, std::string>> others_;
 };
 
 /// What is written, or 0.
@@ -202,25 +184,10 @@ inline int levelsOf(const std::string& entry) {
   return static_cast<int>(std::strtol(entry.c_str() + entry.find('=') + 1, nullptr, 16));
 }
 
-/// The journal of a byte on the serial line from these levels of the data register on, which it
-/// moves on: for each bit a read, then the data pin set, the clock pin up and down, a wait of 1 ms
-/// behind each.
-inline Journal byteOnLine(const std::string& address, int& levels, int byte, int clockPin) {
-  Journal entries;
-  for (int n = 0; n < 8; ++n) {
-    const int data = (levels & ~dataPin) | ((byte >> n & 1) != 0 ? dataPin : 0);
-    levels = data & ~clockPin;
-    entries.push_back("r" + address);
-    for (const int phase : {data, data | clockPin, levels}) {
-      entries.insert(entries.end(), {"w" + address + "=" + hex(phase), "z1"});
-    }
-  }
-  return entries;
-}
-
 /// The journal with the bytes on the serial line as decimal numbers, "99 0 16", in the place of
 /// their register accesses. A byte is only what is one exactly, from the levels last written (0
-/// ahead of the first write), no other pin moved. All else stays as it stands.
+/// ahead of the first write), no other pin moved: for each bit a read, then the data pin set, the
+/// clock pin up and down, a wait of 1 ms behind each. All else stays as it stands.
 inline Journal decoded(const Journal& raw, int clockPin = 1 << 7) {
   constexpr std::ptrdiff_t perBit = 7;
   Journal text;
@@ -229,12 +196,16 @@ inline Journal decoded(const Journal& raw, int clockPin = 1 << 7) {
   for (auto at = raw.begin(); at != raw.end();) {
     const std::string address = at->substr(std::min<std::size_t>(at->size(), 1), at->find('=') - 1);
     int byte = 0, after = levels[address];
-    const bool fits = at->starts_with('r') && raw.end() - at >= 8 * perBit;
-    for (int n = 0; fits && n < 8; ++n) {
-      byte |= (levelsOf(at[1 + n * perBit]) & dataPin ? 1 : 0) << n;
+    bool isByte = at->starts_with('r') && raw.end() - at >= 8 * perBit;
+    for (int n = 0; isByte && n < 8; ++n) {
+      const int data = (after & ~dataPin) | (levelsOf(at[1 + n * perBit]) & dataPin);
+      after = data & ~clockPin;
+      const std::string write = "w" + address + "=";
+      const Journal bit{"r" + address, write + hex(data),  "z1", write + hex(data | clockPin),
+                        "z1",          write + hex(after), "z1"};
+      isByte = std::equal(bit.begin(), bit.end(), at + n * perBit);
+      byte |= (data & dataPin) != 0 ? 1 << n : 0;
     }
-    const Journal entries = fits ? byteOnLine(address, after, byte, clockPin) : Journal();
-    const bool isByte = fits && std::equal(entries.begin(), entries.end(), at);
     if (isByte) {
       if (!goesOn) text.emplace_back();
       text.back() += (goesOn ? " " : "") + std::to_string(byte);
@@ -242,7 +213,7 @@ inline Journal decoded(const Journal& raw, int clockPin = 1 << 7) {
       text.push_back(*at);
     }
     levels[address] = isByte ? after : at->starts_with('w') ? levelsOf(*at) : levels[address];
-    at += isByte ? std::ssize(entries) : 1;
+    at += isByte ? 8 * perBit : 1;
     goesOn = isByte;
   }
   return text;

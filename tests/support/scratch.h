@@ -16,11 +16,9 @@ namespace monitra::support {
 class Scratch {
  public:
   Scratch() {
-    const bool inMemory = ::access("/dev/shm", W_OK) == 0;
-    const auto base =
-        inMemory ? std::filesystem::path("/dev/shm") : std::filesystem::temp_directory_path();
-    std::string name = (base / "monitra-XXXXXX").string();
-    folder_ = ::mkdtemp(name.data());
+    std::filesystem::path base = "/dev/shm";
+    if (::access(base.c_str(), W_OK) != 0) base = std::filesystem::temp_directory_path();
+    folder_ = ::mkdtemp((base / "monitra-XXXXXX").string().data());
   }
   Scratch(const Scratch&) = delete;
   Scratch& operator=(const Scratch&) = delete;
