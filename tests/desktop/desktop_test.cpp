@@ -8,6 +8,7 @@
 #include "desktop/spin_arrows.h"
 #include "desktop/text.h"
 #include "desktop/window_style.h"
+#include "support/contracts.h"
 #include "support/image.h"
 #include "support/window.h"
 
@@ -267,6 +268,20 @@ Failure FileDialogs::show(bool save, const char* typed, const QString& folder, c
     QTest::keyClick(name, *typed != '\0' ? Qt::Key_Return : Qt::Key_Escape);
   });
   return save ? dialog->ShowSave() : dialog->ShowOpen();
+}
+
+TEST_F(FileDialogs, KeepTheContractOfAGivenName) {
+  Journal journal;
+  JournalDialog fake(journal);
+  dialog.emplace();
+  QTimer closing;
+  const auto close = [] {
+    if (auto* const shown = QApplication::activeModalWidget()) shown->close();
+  };
+  QObject::connect(&closing, &QTimer::timeout, &closing, close);
+  closing.start(0);
+  givenNameContract(fake);
+  givenNameContract(*dialog);
 }
 
 TEST_F(FileDialogs, OfferTheGivenFiltersAndTakeAnyName) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
+#include "platform/file_dialog.h"
 #include "platform/files.h"
 #include "platform/settings_store.h"
 #include "platform/sleeper.h"
@@ -59,6 +60,19 @@ inline void sleeperContract(platform::Sleeper& sleeper) {
     sleeper.Sleep(milliseconds);
     EXPECT_GE(sleeper.now() - before, std::chrono::milliseconds(milliseconds));
   }
+}
+
+/// Nobody chooses a name in the dialog where it is shown.
+inline void givenNameContract(platform::FileDialog& dialog) {
+  for (const auto show : {&platform::FileDialog::ShowOpen, &platform::FileDialog::ShowSave}) {
+    const platform::GivenName name(dialog, "/a/b.pwm");
+    EXPECT_EQ((dialog.*show)(), platform::Failure::None);
+    EXPECT_EQ(dialog.FileName + dialog.FileTitle, "/a/b.pwmb.pwm");
+    EXPECT_EQ((dialog.*show)(), platform::Failure::Cancel) << "only once";
+  }
+  { const platform::GivenName unused(dialog, "/a/c.pwm"); }
+  EXPECT_EQ(dialog.ShowOpen(), platform::Failure::Cancel) << "not behind its end";
+  EXPECT_EQ(dialog.FileName, "/a/b.pwm");
 }
 
 }  // namespace monitra::support
