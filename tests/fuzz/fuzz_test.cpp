@@ -7,7 +7,15 @@
 using Fuzzer = int(const std::uint8_t* data, std::size_t size);
 extern "C" Fuzzer lap_fuzz, pwm_fuzz, hex_fuzz, preferences_fuzz;
 
-struct Fuzz : testing::TestWithParam<std::pair<std::string, Fuzzer*>> {};
+struct Named {
+  std::string name;
+  Fuzzer* fuzzer;
+};
+static void PrintTo(const Named& fuzzer, std::ostream* out) {
+  *out << fuzzer.name;
+}
+
+struct Fuzz : testing::TestWithParam<Named> {};
 
 /// Plays each file of the corpus as it is, and with more and more lines of all of them put in.
 TEST_P(Fuzz, HoldsWithItsCorpusAndWithMixedLinesOfIt) {
@@ -35,4 +43,5 @@ TEST_P(Fuzz, HoldsWithItsCorpusAndWithMixedLinesOfIt) {
 
 static const Fuzz::ParamType fuzzers[] = {
     {"lap", lap_fuzz}, {"pwm", pwm_fuzz}, {"hex", hex_fuzz}, {"preferences", preferences_fuzz}};
-INSTANTIATE_TEST_SUITE_P(Each, Fuzz, testing::ValuesIn(fuzzers));
+INSTANTIATE_TEST_SUITE_P(Each, Fuzz, testing::ValuesIn(fuzzers),
+                         [](const auto& fuzzer) { return fuzzer.param.name; });

@@ -33,7 +33,7 @@ std::string RecordFile::write(const std::string& record) {
     return device_ ? std::string{} : text("írása félbemaradt.");
   }
   std::unique_ptr<platform::ByteWriter> file;
-  if (const std::string refusal = create(file); !refusal.empty()) return refusal;
+  if (std::string refusal = create(file); !refusal.empty()) return refusal;
   const Failure written = file->write(record);
   std::error_code error;
   if (file->close() == Failure::None && written == Failure::None) {
