@@ -12,7 +12,7 @@
 #include <QTabWidget>
 #include <QWindow>
 #include <algorithm>
-#include <ranges>
+#include <utility>
 
 namespace monitra::desktop {
 
@@ -32,8 +32,9 @@ bool holds(QSize room, QSize content) {
 
 /// Lays everything out from the inside out; what isn't shown yet doesn't do so by itself.
 void settle(QWidget* window) {
-  const QList<QWidget*> inside = window->findChildren<QWidget*>();
-  for (QWidget* const widget : inside | std::views::reverse) {
+  QList<QWidget*> inside = window->findChildren<QWidget*>();
+  std::ranges::reverse(inside);
+  for (QWidget* const widget : std::as_const(inside)) {
     if (widget->layout() != nullptr) widget->layout()->activate();
     widget->updateGeometry();
   }
