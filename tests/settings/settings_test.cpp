@@ -1,5 +1,6 @@
 #include <csignal>
 #include <gtest/gtest.h>
+#include <pwd.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -27,6 +28,13 @@ TEST_F(Settings, KeepTheirContract) {
   JsonSettings("/proc/monitra").SaveSetting("a", "Setup", "LPT", " 1");
   JsonSettings("").SaveSetting("a", "Setup", "LPT", " 1");
   EXPECT_FALSE(JsonSettings("").isDamaged("a"));
+}
+
+TEST(SettingsFolder, IsInTheHomeThatTheSystemNamesWhereTheEnvironmentNamesNone) {
+  for (const char* const name : {"HOME", "XDG_CONFIG_HOME"}) ::setenv(name, "nowhere", 1);
+  EXPECT_EQ(userSettingsFolder(), ::getpwuid(::getuid())->pw_dir + std::string("/.config/monitra"));
+  ::setenv("HOME", "/a", 1);
+  EXPECT_EQ(userSettingsFolder(), "/a/.config/monitra");
 }
 
 TEST_F(Settings, WhateverTheFileIsTheNextSaveMakesOneAndKeepsWhatCannotBeMadeOut) {
