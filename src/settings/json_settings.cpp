@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <pwd.h>
-#include <string_view>
 #include <system_error>
 #include <unistd.h>
 
