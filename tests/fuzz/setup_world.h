@@ -16,7 +16,7 @@ using timing::Ertek;
 struct SetupWorld : Program {
   SetupWorld() {
     lap.Form_Load();
-    for (int i = 0; i < 12; ++i) values[i] = setup.FolLe[i].Value;
+    for (int i = 0; i < 12; ++i) fields[i] = {setup.FolLe[i].Value, setup.box(i).Text};
   }
 
   /// A failure tells what has been done, too.
@@ -55,11 +55,12 @@ struct SetupWorld : Program {
     const auto number = [](auto& field) { return Ertek(field.Text.get()); };
     for (int i = 0; i < 12; ++i) {
       const std::string& text = setup.box(i).Text;
-      const int value = setup.FolLe[i].Value, before = std::exchange(values[i], value);
+      const int value = setup.FolLe[i].Value;
+      const auto [before, spelt] = std::exchange(fields[i], {value, text});
       check(value > 0 && value < 256 && timing::wholeNumber(Ertek(text)) == value &&
                 (text == std::to_string(value) || value == before || opened),
             "field " + std::to_string(i) + " is " + std::to_string(value) + ", shows " + text);
-      modified = modified || value != before;
+      modified = modified || value != before || (!opened && text != spelt);
     }
     opened = false;
     if (std::exchange(cleared, false)) modified = false;
@@ -88,7 +89,7 @@ struct SetupWorld : Program {
   }
 
   timing::SetupPanel& setup = lap.setup;
-  std::map<int, int> values;  ///< of the spins
+  std::map<int, std::pair<int, std::string>> fields;  ///< spins and texts
   bool cleared = false, opened = false, modified = false;
   std::string told;
 };
