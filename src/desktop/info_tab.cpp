@@ -3,7 +3,6 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include "desktop/picture.h"
@@ -29,33 +28,28 @@ QPlainTextEdit* infoText(const WidgetMaker& widgets) {
 
 }  // namespace
 
-InfoTab::InfoTab(const WidgetMaker& widgets) : text_(infoText(widgets)) {
-  for (const int n : {0, 1}) heads_ << widgets.make<QLabel>("Label29", n);
+InfoTab::InfoTab(const WidgetMaker& widgets) {
+  QPlainTextEdit* const text = infoText(widgets);
+  QLabel* const heads[] = {widgets.make<QLabel>("Label29", 0), widgets.make<QLabel>("Label29", 1)};
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(pageMargin, smallGap, pageMargin, pageMargin);
-  QHBoxLayout* const heads = flatRow();
-  heads->addWidget(heads_[0], 1, Qt::AlignCenter);
+  QHBoxLayout* const row = flatRow();
+  row->addWidget(heads[0], 1, Qt::AlignCenter);
   auto* const board = widgets.make<Picture>("Picture2", 1);
   board->show(QStringLiteral(":/pictures/board.svg"), boardPicture);
-  heads->addWidget(board);
-  heads->addWidget(heads_[1], 1, Qt::AlignCenter);
-  column->addLayout(heads);
-  column->addWidget(text_);
-  constexpr int behindTheFirstFrame = 50;  // ms
-  QTimer::singleShot(behindTheFirstFrame, this, [this] { takeFonts(); });
-}
-
-void InfoTab::showEvent(QShowEvent* /*event*/) {
-  takeFonts();
-}
-
-void InfoTab::takeFonts() {
-  constexpr double headPoints = 18;
-  constexpr double textPoints = 8.25;
-  for (QLabel* const head : heads_) inFont(head, "Times New Roman", headPoints);
-  QFont font(QStringLiteral("Arial"));
-  font.setPointSizeF(textPoints);
-  text_->setFont(font);
+  row->addWidget(board);
+  row->addWidget(heads[1], 1, Qt::AlignCenter);
+  column->addLayout(row);
+  column->addWidget(text);
+  // This tab asks for less room than the other ones in any case.
+  beforeSeen(this, [text, left = heads[0], right = heads[1]] {
+    constexpr double headPoints = 18;
+    constexpr double textPoints = 8.25;
+    for (QLabel* const head : {left, right}) inFont(head, "Times New Roman", headPoints);
+    QFont font(QStringLiteral("Arial"));
+    font.setPointSizeF(textPoints);
+    text->setFont(font);
+  });
 }
 
 }  // namespace monitra::desktop

@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QtMath>
 #include <algorithm>
 #include <vector>
 
@@ -30,17 +31,21 @@ void makeDisplay(QLineEdit* display) {
   constexpr double points = 24;
   constexpr int air = 16;
   QFont figures = display->font();
-  figures.setPointSizeF(points);
   figures.setBold(true);
-  display->setFont(figures);
+  // So large a font asks for so much more than the one that the window has.
+  const double larger = points / QFontInfo(figures).pointSizeF();
+  const QFontMetrics metrics(figures);
+  const QString widest = QStringLiteral(" 166.6%");
+  display->setMinimumWidth(qCeil(metrics.horizontalAdvance(widest) * larger) + air);
+  display->setFixedHeight(qCeil(metrics.height() * larger) + air / 2);
+  figures.setPointSizeF(points);
+  beforeSeen(display, [display, figures] { display->setFont(figures); });
   display->setFocusPolicy(Qt::ClickFocus);
   display->setAlignment(Qt::AlignCenter);
   QPalette colours = display->palette();
   colours.setColor(QPalette::Base, Qt::black);
   display->setPalette(colours);
   display->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  const QString widest = QStringLiteral(" 166.6%");
-  display->setMinimumWidth(QFontMetrics(figures).horizontalAdvance(widest) + air);
 }
 
 /// Lets the arrow keys walk along a motor's options without selecting them, for to select is to
@@ -86,8 +91,11 @@ class OptionKeys : public QObject {
 }  // namespace
 
 LinkTab::LinkTab(const WidgetMaker& widgets) : widgets_(widgets) {
+  auto* const title = widgets_.make<QLabel>("Label24");
   constexpr double titlePoints = 9.75;
-  QLabel* const title = inFont(widgets_.make<QLabel>("Label24"), "Arial", titlePoints);
+  const double larger = titlePoints / QFontInfo(title->font()).pointSizeF();
+  title->setMinimumHeight(qCeil(title->fontMetrics().height() * larger));
+  beforeSeen(title, [title] { inFont(title, "Arial", titlePoints); });
   setTextColour(title, QColor(0x00, 0x70, 0x00), QColor(0x60, 0xD0, 0x60));
   QLabel* const mode = widgets_.make<QLabel>("Label27");
   setTextColour(mode, QColor(0xD0, 0x10, 0x10), QColor(0xFF, 0x60, 0x60));

@@ -40,7 +40,36 @@ class ThemeWatch : public QObject {
   std::function<void(QPalette& colours)> adjust_;
 };
 
+class BeforeSeen : public QObject {
+ public:
+  BeforeSeen(QWidget* widget, std::function<void()> take)
+      : QObject(widget), take_(std::move(take)) {
+    constexpr int behindTheFirstFrame = 50;  // ms
+    startTimer(behindTheFirstFrame);
+    widget->installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* /*widget*/, QEvent* event) override {
+    if (event->type() == QEvent::Show) run();
+    return false;
+  }
+  void timerEvent(QTimerEvent* /*event*/) override { run(); }
+
+ private:
+  void run() {
+    take_();
+    delete this;
+  }
+
+  std::function<void()> take_;
+};
+
 }  // namespace
+
+void beforeSeen(QWidget* widget, std::function<void()> take) {
+  new BeforeSeen(widget, std::move(take));
+}
 
 QHBoxLayout* flatRow(QWidget* parent) {
   auto* row = new QHBoxLayout(parent);
