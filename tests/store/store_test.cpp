@@ -9,8 +9,6 @@ using namespace support;
 using platform::Failure;
 
 const std::string filter = " Setup File (*.pwm)|*.pwm|Minden File (*.*)|*.* ";
-const std::string driveProblem = "box 0: Drive Problem ! No Write in Drive.";
-const std::string general = "box 0: Eror in File funktions ! Error Code: ";
 const std::string version = "Vilor CNC Monitra V2.2.0  ";
 
 const std::string startUpFile =
@@ -95,6 +93,9 @@ TEST_F(Store, ASavedSetupHasItsBytesAndComesBackWithThem) {
   const timing::Setup other{
       {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 255}, 3, 65535, 0, true, false, true};
   EXPECT_EQ(panel.spinValues(), other);
+  panel.setSpinValues({.Yegesz = true});
+  panel.setSpinValues(other);
+  EXPECT_EQ(panel.spinValues(), other);
   EXPECT_TRUE(panel.MBKVilor.Checked) << "the digit 2 brings the first edition";
   EXPECT_EQ(kozos.VerFo + kozos.VerAl + kozos.VerRev + " " + panel.Xttarto.Caption.get(),
             "2-110 588.235 Hz (58.8%)");
@@ -124,48 +125,38 @@ TEST_F(Store, OddLinesAreReadByTheLetter) {
   EXPECT_TRUE(panel.Xegesz.Checked && !panel.Yegesz.Checked && !panel.Zegesz.Checked);
   EXPECT_EQ(open("91\r\n" + std::string(65536, '9')).failure, Failure::EndOfFile);
   EXPECT_EQ(open("91\r\n" + std::string(65537, '9')).failure, Failure::LineTooLong);
-  EXPECT_EQ(journal.back(), general + "14");
+  EXPECT_EQ(journal.back(), "box 0: Eror in File funktions ! Error Code: 14");
   panel.MBKVilor.click();
   openWith(" 5\r\n1000", " 0\r\n1000");
   EXPECT_EQ(panel.Funkcio.ListIndex, 0) << "judged by the edition in force ahead of the file";
   EXPECT_TRUE(journal.back().starts_with("box 48: Ez a funkció (")) << journal.back();
 }
 
-TEST_F(Store, WhatCannotBeOpenedOrReadToItsEndChangesWhatItCanAheadOfItsMessage) {
-  std::filesystem::create_directory(scratch.path("mappa"));
-  expect("open", {}, {"32755"});
-  for (const std::string name : {"", "nincs.pwm", "mappa"}) {
-    expect("open", scratch.path() + "/" + name,
-           {"box 16: '" + name + "' nem létezik!\r\nAdjon meg létező File nevet!", "53"});
+TEST_F(Store, WhatIsOpenedOrSavedTellsWhatItAsksAndWhyItFails) {
+  const std::string folder = scratch.path() + "/";
+  std::filesystem::create_directory(folder + "mappa");
+  scratch.write("volt.pwm", "régi, hosszabb tartalom" + startUpFile);
+  box.answers = {platform::BoxAnswer::No, platform::BoxAnswer::Yes};
+  for (const Row& row : rows("files")) {
+    const std::filesystem::path path = std::filesystem::path(folder) / row[1];
+    expect(row[0], row[1] == "cancel" ? std::nullopt : std::optional(path.string()),
+           Journal(row.begin() + 4, row.end()));
+    EXPECT_EQ((Row{scratch.read("volt.pwm") == startUpFile ? "new" : "old", names()}),
+              Row(row.begin() + 2, row.begin() + 4));
   }
-  EXPECT_EQ(names(), "régi címfw.hex");
-  expect("open", "/dev/null", {driveProblem, "75"});
-  expect("open", "/proc/self/mem", {general + "57", "57"});
-  EXPECT_EQ(names() + panel.TF[0].Text.get(), version + "(mem)91");
+  kozos.VerFo = "A";
+  expect("save", folder + "betu.pwm", {"box 0: Eror in File funktions ! Error Code: 13", "13"});
+  EXPECT_EQ(scratch.read("betu.pwm"), startUpFile.substr(0, startUpFile.find(" 5\r\n 0")));
+}
+
+TEST_F(Store, AFileThatIsCutShortChangesWhatItHolds) {
   panel.Xegesz.Checked = true;
   expect("open", scratch.write("teszt.pwm", otherFile.substr(0, otherFile.find('V'))), {"62"});
   EXPECT_EQ(panel.TF[0].Text.get() + "|" + panel.Ut.Text.get() + "|" + panel.Verz.Caption.get() +
-                "|" + kozos.VerFo,
-            "1|65535|V?.?.?|5");
+                "|" + kozos.VerFo + names(),
+            "1|65535|V?.?.?|5" + version + "(teszt.pwm)");
   EXPECT_TRUE(panel.Xegesz.Checked && panel.MBKTarso.Checked);
   EXPECT_EQ(kozos.Modositott, -1);
-  EXPECT_EQ(names(), version + "(teszt.pwm)");
-}
-
-TEST_F(Store, ASaveOverwritesOnlyAfterYesAndTellsWhyItFails) {
-  const std::string path = scratch.write("volt.pwm", "régi, hosszabb tartalom" + startUpFile);
-  const std::string question = "box 52: 'volt.pwm' már létezik!\r\nFelülírjam?";
-  box.answers = {platform::BoxAnswer::No, platform::BoxAnswer::Yes};
-  expect("save", path, {question, "32755"});
-  EXPECT_EQ(scratch.read("volt.pwm"), "régi, hosszabb tartalom" + startUpFile);
-  expect("save", path, {question, "0"});
-  EXPECT_EQ(scratch.read("volt.pwm"), startUpFile);
-  expect("save", {}, {"32755"});
-  expect("save", scratch.path("nincs mappa/a.pwm"), {general + "76", "76"});
-  expect("save", scratch.path(), {driveProblem, "75"});
-  kozos.VerFo = "A";
-  expect("save", scratch.path("betu.pwm"), {general + "13", "13"});
-  EXPECT_EQ(scratch.read("betu.pwm"), startUpFile.substr(0, startUpFile.find(" 5\r\n 0")));
 }
 
 TEST_F(Store, WhatAFailedSaveHasTornIsKeptUntilOneSucceeds) {
