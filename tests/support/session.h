@@ -38,22 +38,6 @@ struct Session : testing::Test, Program {
         const std::size_t folder = entry.find(scratch.path());
         if (folder != entry.npos) entry.replace(folder, scratch.path().size(), "");
       }
-      if (getenv("ROWS_OUT")) {
-        FILE* f = fopen(getenv("ROWS_OUT"), "a");
-        std::string l = row[0] + "|" + row[1] + "|" + row[2];
-        for (auto& e : seen) l += "|" + e;
-        std::string o;
-        for (std::size_t n = 0; n < l.size(); ++n) {
-          if (l[n] == '\r' && l[n + 1] == '\n') {
-            o += "\\n";
-            ++n;
-          } else
-            o += l[n];
-        }
-        fprintf(f, "%s\n", o.c_str());
-        fclose(f);
-        continue;
-      }  // TEMPORARY
       EXPECT_TRUE(same(seen, Journal(row.begin() + 3, row.end()))) << row[0] << " " << row[1];
     }
   }
@@ -95,17 +79,20 @@ struct Session : testing::Test, Program {
     return number == box.Text.get() ? number : number + " \"" + box.Text.get() + "\"";
   }
 
-  /// A file of these lines, some by their names, parted by '/'; without a text the file as it is.
-  void choose(const std::string& name, const std::string& text) {
-    dialog.path.reset();
-    if (name != "cancel") dialog.path = std::filesystem::path(scratch.path() + "/") / name;
-    if (text.empty()) return;
+  /// A file's lines, some by their names, that are parted by '/'.
+  std::string bytesOf(const std::string& text) const {
     std::istringstream lines(text);
     std::string bytes;
     for (std::string line; std::getline(lines, line, '/');) {
       bytes += (named.contains(line) ? named.at(line) : line) + "\r\n";
     }
-    scratch.write(name, bytes);
+    return bytes;
+  }
+  /// For the next dialog; without a text the file is as it was.
+  void choose(const std::string& name, const std::string& text) {
+    dialog.path.reset();
+    if (name != "cancel") dialog.path = std::filesystem::path(scratch.path() + "/") / name;
+    if (!text.empty()) scratch.write(name, bytesOf(text));
   }
 
   std::string marks;
