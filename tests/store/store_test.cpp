@@ -66,23 +66,6 @@ TEST_F(Store, ASavedSetupHasItsBytesAndComesBackWithThem) {
   EXPECT_EQ(panel.spinValues(), other);
 }
 
-TEST_F(Store, WhateverAFileBringsEveryFieldKeepsItsRange) {
-  const controls::TextBox none;
-  const std::map<std::string, std::pair<const controls::TextBox&, const controls::BoundedProperty&>>
-      fields{{"24", {panel.T2[6], panel.FolLe[6].Value}},
-             {"1000", {panel.Ut, panel.Utfolle.Value}},
-             {"1", {panel.Tures, panel.Turesfolle.Value}},
-             {" 0", {none, panel.Funkcio.ListIndex}}};
-  for (const Row& row : rows("ranges")) {
-    std::string bytes = startUpFile;
-    bytes.replace(bytes.find("\n" + row[0] + "\r") + 1, row[0].size(), row[1]);
-    const int adjusted = open(bytes).adjusted;
-    const auto& [field, value] = fields.at(row[0]);
-    EXPECT_EQ((Row{row[0], row[1], field.Text, std::to_string(value), std::to_string(adjusted)}),
-              row);
-  }
-}
-
 TEST_F(Store, ALineHasAnEnd) {
   EXPECT_EQ(open("91\r\n" + std::string(65536, '9')).failure, Failure::EndOfFile);
   EXPECT_EQ(open("91\r\n" + std::string(65537, '9')).failure, Failure::LineTooLong);
@@ -92,6 +75,7 @@ TEST_F(Store, ALineHasAnEnd) {
 TEST_F(Store, WhatIsOpenedOrSavedChangesAndTellsWhatItShould) {
   std::filesystem::create_directory(scratch.path("mappa"));
   play("files");
+  play("ranges");
   lap.kozos.VerFo = "A";
   dialog.path = scratch.path("betu.pwm");
   lap.MFSetMent.click();

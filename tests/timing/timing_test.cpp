@@ -133,21 +133,6 @@ TEST_F(Timing, APressMovesItsFieldAndWithConstantFrequencyThePartnerAheadOfItThe
   }
 }
 
-TEST_F(Timing, APartnerThatAFileLeftInAnotherSpellingMovesAsItsNumberDoesAndKeepsItsLimit) {
-  for (const Row& row : rows("spellings")) {
-    const bool up = row[1] == "up";
-    panel.FolLe[T3Y].Value = wholeNumber(Ertek(row[0]));
-    panel.T3[T3Y].Text = row[0];
-    panel.FolLe[T2Y].Value = up ? 255 : 1;
-    fields.MindFrissit();
-    up ? panel.FolLe[T2Y].pressUp() : panel.FolLe[T2Y].pressDown();
-    EXPECT_EQ((Row{row[0], row[1], panel.T3[T3Y].Text, decimalText(panel.FolLe[T3Y].Value)}), row);
-    const Journal shown = captions();
-    fields.MindFrissit();
-    EXPECT_TRUE(same(shown, captions())) << row[0];
-  }
-}
-
 TEST_F(Timing, EveryRouteToAnEditionShowsAllOfIt) {
   for (const Row& row : rows("editions")) {
     const std::string& route = row[0];
