@@ -21,7 +21,12 @@ struct Session : testing::Test, Program {
     lap.marks.observe([this] { marks = shownMarks(); });
     lap.uploaded.handle([this] { journal.emplace_back("uploaded"); });
     dialog.whileOpen = [this] { EXPECT_EQ(status(), "") << "a clean line first"; };
+    box.whileOpen = [this] {
+      const std::string& holding = lap.setup.Xttarto.Caption;
+      if (holding != values["holding"]) journal.push_back("already " + holding);
+    };
     marks = shownMarks();
+    values = shown();
   }
 
   void play(const std::string& table) {
@@ -59,7 +64,8 @@ struct Session : testing::Test, Program {
                {"limit switches", setup.Vegallas.Caption},
                {"holding", setup.Xttarto.Caption},
                {"edition", setup.Cim.Caption},
-               {"length", setup.Uthossz.Caption.get()},
+               {"Spm", setup.Spm.Text},
+               {"length", setup.Uthossz.Caption},
                {"mode", std::to_string(setup.Funkcio.ListIndex)},
                {"constant", setup.MBTallando.Checked ? "yes" : "no"},
                {"modified", lap.kozos.Modositott == 0 ? "no" : "yes"},
@@ -95,6 +101,11 @@ struct Session : testing::Test, Program {
     if (!text.empty()) scratch.write(name, bytesOf(text));
   }
 
+  controls::SpinButton& spin(const std::string& name) {
+    if (name == "Ut") return lap.setup.Utfolle;
+    return name == "Tures" ? lap.setup.Turesfolle : lap.setup.FolLe[std::stoi(name)];
+  }
+
   std::string marks;
   Values values;
   const Block block;
@@ -123,8 +134,8 @@ struct Session : testing::Test, Program {
        }},
       {"mend", [this](auto&, auto&) { files.mend(); }},
       {"answer No", [this](auto&, auto&) { box.answers = {platform::BoxAnswer::No}; }},
-      {"up", [this](auto& i, auto&) { lap.setup.FolLe[std::stoi(i)].pressUp(); }},
-      {"down", [this](auto& i, auto&) { lap.setup.FolLe[std::stoi(i)].pressDown(); }},
+      {"up", [this](auto& name, auto&) { spin(name).pressUp(); }},
+      {"down", [this](auto& name, auto&) { spin(name).pressDown(); }},
       {"set", [this](auto& i, auto& to) { lap.setup.FolLe[std::stoi(i)].Value = std::stoi(to); }},
       {"mode", [this](auto& i, auto&) { lap.setup.Funkcio.select(std::stoi(i)); }},
       {"type", [this](auto& name, auto& text) { boxes.at(name)->type(text); }},

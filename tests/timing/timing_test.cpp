@@ -9,7 +9,6 @@
 #include "timing/holding_frequency.h"
 #include "timing/numbers.h"
 #include "timing/timing_fields.h"
-#include "timing/tuning_fields.h"
 
 namespace monitra::timing {
 namespace {
@@ -84,7 +83,6 @@ struct Timing : testing::Test {
   TimingFields fields{kozos, panel};
   Editions editions{kozos, panel, fields, box};
   HoldingFrequency coupling{kozos, panel, fields, [this] { journal.emplace_back("beep"); }};
-  TuningFields tuning{panel};
 };
 
 TEST_F(Timing, ATextAloneShowsTheDutyUnderTheLastPeriodUntilAllIsComputedAnew) {
@@ -145,29 +143,6 @@ TEST_F(Timing, EveryRouteToAnEditionShowsAllOfIt) {
     EXPECT_EQ(panel.Verz.Caption.get(), menu ? "V?.?.?" : "V5.0.3") << route;
   }
   EXPECT_EQ(kozos.VerFo, "3.5");
-}
-
-TEST_F(Timing, FunkcioFiveIsForTheSecondEditionOnly) {
-  box.whileOpen = [this] { journal.push_back(captions()[1]); };
-  panel.Funkcio.select(5);
-  EXPECT_EQ(panel.Funkcio.ListIndex, 0);
-  panel.MBKTarso.click();
-  panel.Funkcio.select(5);
-  EXPECT_EQ(panel.Funkcio.ListIndex, 5);
-  panel.MBKVilor.click();
-  EXPECT_EQ(panel.Funkcio.ListIndex, 0);
-  EXPECT_TRUE(same(journal, rows("function 5")[0]))
-      << "of the captions only the view's own are there ahead of the box";
-}
-
-TEST_F(Timing, TuningTextsAreClampedAndFollowTheirSpinButtonsAtEveryKeystroke) {
-  for (const Row& row : rows("tuning")) {
-    auto& field = row[0] == "Ut" ? panel.Ut : row[0] == "Spm" ? panel.Spm : panel.Tures;
-    auto& spin = row[0] == "Tures" ? panel.Turesfolle : panel.Utfolle;
-    row[1] == "+" ? spin.pressUp() : field.type(row[1]);
-    EXPECT_EQ((Row{row[0], row[1], field.Text, decimalText(spin.Value), panel.Uthossz.Caption}),
-              row);
-  }
 }
 
 }  // namespace
