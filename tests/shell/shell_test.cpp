@@ -136,6 +136,8 @@ TEST_F(Session, EveryActionTellsWhatComesOfIt) {
       {"save in a box",
        [this](auto&, auto&) { box.whileOpen = [this] { lap.MFSetMent.click(); }; }}};
   actions.insert(more.begin(), more.end());
+  for (const char* const shorter : {"", "pwm"}) lap.openDropped(shorter);
+  EXPECT_TRUE(same(journal, {}));
   play("session");
 }
 
