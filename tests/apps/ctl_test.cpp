@@ -147,15 +147,5 @@ TEST_F(Ctl, TheRecordOfAnUploadHoldsItsBytesAndTimesOnTheChosenPortAndBoard) {
   if (!canDecode) GTEST_SKIP() << "sigrok-cli is not installed";
 }
 
-TEST_F(Ctl, APatchedFirmwareDiffersFromItsSourceInThePatchedBytesOnly) {
-  ASSERT_EQ(run("monitra-ctl firmware patch fw.hex a.pwm uj.hex").exitCode, 0);
-  if (run("srec_cat --version").exitCode != 0) GTEST_SKIP() << "no srecord here";
-  const Ran differing = run(
-      "for image in fw uj; do srec_cat $image.hex -intel -exclude 0x4202 0x4222 -o $image; done;"
-      "cmp fw uj; srec_cat uj.hex -intel -crop 0x4202 0x4222 -offset -0x4202 -o block -binary;"
-      "od -An -v -tx1 -w2 block | sed 's/ 00$//' | tr -d '\\n'");
-  EXPECT_EQ(differing.output, setupBytes.substr(5, 48)) << "a word for each byte";
-}
-
 }  // namespace
 }  // namespace monitra

@@ -62,18 +62,6 @@ TEST_F(Bench, EachPartOfAPressComesInItsOrder) {
   EXPECT_TRUE(same(press(load.TapStop), presses[4]));
 }
 
-TEST_F(Bench, StartsAtTheRateInTheBoxAndCorrectsOneThatIsNone) {
-  for (const Row& row : rows("rates")) {
-    jog.Seb.type(row[0]);
-    EXPECT_FALSE(jog.Impulzus.Value) << row[0] << ": an edit stops, after a correction too";
-    jog.Impulzus.click();
-    EXPECT_TRUE(jog.Impulzus.Value) << row[0] << ": a correction is no edit";
-    EXPECT_EQ(jog.Seb.Text.get() + "|" + std::to_string(jog.Timer1.Interval),
-              row[1] + "|" + row[2]);
-  }
-  EXPECT_TRUE(same(journal, {})) << "neither a start nor a stop touches the port";
-}
-
 TEST_F(Bench, EveryWayOfStoppingHasItsOrder) {
   journalise(journal, jog.Timer1.Enabled, "timer ");
   journalise(journal, jog.Impulzus.Value, "generator ");

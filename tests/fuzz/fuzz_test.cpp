@@ -7,19 +7,8 @@
 using Fuzzer = int(const std::uint8_t* data, std::size_t size);
 extern "C" Fuzzer lap_fuzz, pwm_fuzz, hex_fuzz, preferences_fuzz;
 
-struct Named {
-  std::string name;
-  Fuzzer* fuzzer;
-};
-static void PrintTo(const Named& fuzzer, std::ostream* out) {
-  *out << fuzzer.name;
-}
-
-struct Fuzz : testing::TestWithParam<Named> {};
-
 /// Plays each file of the corpus as it is, and with more and more lines of all of them put in.
-TEST_P(Fuzz, HoldsWithItsCorpusAndWithMixedLinesOfIt) {
-  const auto& [name, fuzzer] = GetParam();
+static void play(const std::string& name, Fuzzer* fuzzer) {
   using Lines = std::vector<std::string>;
   std::map<std::filesystem::path, Lines> corpus;
   Lines all;
@@ -41,7 +30,9 @@ TEST_P(Fuzz, HoldsWithItsCorpusAndWithMixedLinesOfIt) {
   }
 }
 
-static const Fuzz::ParamType fuzzers[] = {
-    {"lap", lap_fuzz}, {"pwm", pwm_fuzz}, {"hex", hex_fuzz}, {"preferences", preferences_fuzz}};
-INSTANTIATE_TEST_SUITE_P(Each, Fuzz, testing::ValuesIn(fuzzers),
-                         [](const auto& fuzzer) { return fuzzer.param.name; });
+TEST(Fuzz, HoldsWithItsCorpusAndWithMixedLinesOfIt) {
+  play("lap", lap_fuzz);
+  play("pwm", pwm_fuzz);
+  play("hex", hex_fuzz);
+  play("preferences", preferences_fuzz);
+}

@@ -48,6 +48,7 @@ struct LapWorld : SetupWorld {
     check(jog.Impulzus.Value == on && jog.Timer1.Enabled == on && jog.Seb.Text.get() == rate &&
               jog.SpindleGomb.Enabled == on && jog.SpindleGomb.Value == spindle,
           "rate or spindle");
+    check(!on || jog.Timer1.Interval == interval(), "interval");
     check(load.TulH.Checked == permits[0] && load.Teh200.Checked == permits[1], "permits");
     std::ostringstream shown;
     shown << load.Taptext.Text.get() << std::hex << " " << load.Taptext.ForeColor << " "
@@ -64,9 +65,11 @@ struct LapWorld : SetupWorld {
     const bool goesOn = std::isdigit(expected.back()[0]);
     goesOn ? void(expected.back() += " " + bytes) : expected.push_back(bytes);
   }
+  /// In milliseconds; at a tie the even one.
+  double interval() const { return std::nearbyint(1 / Ertek(rate) * 1000); }
   void tick() {
     jog.Timer1.tick();
-    if (!on || std::nearbyint(1 / Ertek(rate) * 1000) == 0) return;
+    if (!on || interval() == 0) return;
     expected.push_back("r" + hex(used + 2));
     put(used + 2, spindle ? levels[used + 2] & ~2 : levels[used + 2] | 2);
     if (flags.empty()) return;

@@ -70,27 +70,6 @@ TEST_F(Link, BoardRevisionSetsMapCaptionsAndMarks) {
   EXPECT_TRUE(same(journal, rows("choices")[0])) << "only a choice in the menu is stored";
 }
 
-TEST_F(Link, IdleIsOneWriteAndABitOneReadThreeWritesThreeWaits) {
-  registers.values = {{0x378, 0xFF}, {0x3BC, 0xFF}};
-  for (const auto& [pcb, entry] : {std::pair(Pcb::V4x, 0), std::pair(Pcb::V32, 2)}) {
-    port.PcbAlkalmaz(pcb);
-    panel.LPT.select(entry);
-    line.SorosAlap();
-    line.SorosBit(true);
-    line.SorosBit(false);
-    EXPECT_TRUE(same(std::exchange(journal, {}), rows("bits")[entry / 2]));
-  }
-}
-
-TEST_F(Link, BytesGoLeastSignificantBitFirstFromAnyLevels) {
-  registers.DlPortWritePortUchar(0x378, 0xDF);
-  for (const int byte : {85, 0, 255, 2}) line.SorosBajt(static_cast<std::uint8_t>(byte));
-  frames.KeretKuld(MotorY, FazisL3);
-  EXPECT_TRUE(
-      same(decoded(journal), {"w378=DF", "85 0 255 2", "begins, punctual", "110 0 4", "ends"}));
-  EXPECT_EQ(journal[2], "w378=FF") << "a clock line left high is not repaired first";
-}
-
 TEST_F(Link, UploadAsksSendsEachSpinValueInItsPlaceMovesTheBarAndSpeaks) {
   for (int i = 0; i < timing::timingFields; ++i) setup.FolLe[i].Value = 101 + i;
   setup.T1[3].Text = "7";

@@ -1,61 +1,13 @@
 #include "ports/printer_ports.h"
 
 #include "ports/steps.h"
-#include "support/journal.h"
+#include "support/fake_driver.h"
 #include "support/scratch.h"
 
 namespace monitra::ports {
 namespace {
 
 using namespace support;
-using platform::PortState;
-using Kind = PortState::Kind;
-
-/// A driver whose ports a test makes and takes away. Tells "look0", "open0", "open0(E)" where a
-/// control value is to be put back, "0D=20" for a write, "0D?" for a read, "close0".
-struct FakeDriver : PortDriver {
-  struct Port : OpenPort {
-    Port(FakeDriver& of, const FoundPort& found) : driver(of), port(found) {}
-    ~Port() override { driver.tell("close", port); }
-    std::optional<std::uint8_t> read(Register which) override {
-      driver.tell("", port, which == Register::Data ? "D?" : "C?");
-      return driver.answers ? std::optional(values[which]) : std::nullopt;
-    }
-    bool write(Register which, std::uint8_t value) override {
-      driver.tell("", port, (which == Register::Data ? "D=" : "C=") + hex(value));
-      values[which] = value;
-      return driver.answers;
-    }
-    bool present() override { return std::ranges::count(driver.found, port) > 0; }
-
-    FakeDriver& driver;
-    FoundPort port;
-    std::map<Register, std::uint8_t> values;
-  };
-
-  FakeDriver(Steps& of, std::string ownName) : steps(of), name(std::move(ownName)) {}
-
-  std::vector<FoundPort> find() override { return found; }
-  PortState none() const override { return {}; }
-  PortState look(const FoundPort& port) override {
-    tell(name + "look", port);
-    return {.kind = refused.contains(port.number) ? refused[port.number] : Kind::Untried};
-  }
-  Opening open(const FoundPort& port, std::optional<std::uint8_t> control) override {
-    tell(name + "open", port, control ? "(" + hex(*control) + ")" : "");
-    if (refused.contains(port.number)) return {nullptr, {.kind = refused[port.number]}};
-    return {std::make_unique<Port>(*this, port), {.kind = Kind::Kernel}};
-  }
-  void tell(const std::string& what, const FoundPort& port, const std::string& how = {}) {
-    steps.tell(what + std::to_string(port.number) + how);
-  }
-
-  std::vector<FoundPort> found;
-  std::map<int, Kind> refused;
-  bool answers = true;
-  Steps& steps;
-  std::string name;
-};
 
 struct PortsOfAPc : Steps {
   void startProgram() {
@@ -65,7 +17,8 @@ struct PortsOfAPc : Steps {
   }
 
   Scratch scratch;
-  FakeDriver kernel{*this, ""}, raw{*this, "raw-"};
+  FakeDriver kernel{[this](auto& what) { tell(what); }};
+  FakeDriver raw{[this](auto& what) { tell(what); }, "raw-"};
   ControlMemory memory{scratch.path("monitra"), "this-boot"};
   std::unique_ptr<PrinterPorts> ports;
 };
@@ -95,11 +48,17 @@ TEST_F(PortsOfAPc, AreOpenedAtTheirUseAndHeldAndNeverReplacedAndNoMessageEndsOnA
          }},
         {"unplug", [this](auto&, auto&) { kernel.found.clear(); }},
         {"refuse",
-         [this](auto& port, auto& k) { kernel.refused[number(port)] = Kind{std::stoi(k)}; }},
+         [this](auto& port, auto& k) {
+           kernel.refused[number(port)] = FakeDriver::Kind{std::stoi(k)};
+         }},
         {"refuse raw",
-         [this](auto& port, auto& k) { raw.refused[number(port)] = Kind{std::stoi(k)}; }},
+         [this](auto& port, auto& k) {
+           raw.refused[number(port)] = FakeDriver::Kind{std::stoi(k)};
+         }},
         {"allow", [this](auto&, auto&) { kernel.refused.clear(); }},
-        {"fail", [this](auto&, auto& how) { kernel.answers = how == "no more"; }}});
+        {"fail", [this](auto&, auto& how) {
+           kernel.fails = [fails = how != "no more"] { return fails; };
+         }}});
 }
 
 TEST(ControlMemory, KeepsAValueForThisRunOfThePcInAFolderOfItsOwn) {

@@ -1,48 +1,13 @@
-#include "shell/port_texts.h"
-#include "shell/window_description.h"
-#include "support/image.h"
-#include "support/program.h"
-#include "support/rows.h"
+#include "support/session.h"
 
 namespace monitra::shell {
 namespace {
 
 using namespace support;
-using platform::BoxAnswer;
-using platform::Failure;
-using Call = FaultyFiles::Call;
 
 const std::string question =
     "box 36: Nem mentette a beállításokat!\r\nBefejezés előtt akarja ezeket menteni?";
-const std::string open = "open Setup File (*.pwm)|*.pwm|Minden File (*.*)|*.* Modositott.pwm";
-const std::string save = "save" + open.substr(4);
-const std::string unsaved = "Mentés óta módosult", unsent = "Feltöltés óta módosult";
-const std::string both = unsaved + "|" + unsent;
-
-struct Shell : testing::Test, Program {
-  Shell() {
-    lap.Form_Load();
-    journal.clear();
-  }
-
-  void openSetup(const std::string& bytes) {
-    dialog.path = scratch.write("a.pwm", bytes);
-    lap.MFSetNyit.click();
-  }
-  void saveSetup(const std::string& name) {
-    dialog.path = scratch.path(name);
-    lap.MFSetMent.click();
-  }
-  void openImage(const std::string& bytes) {
-    dialog.path = scratch.write("fw.hex", bytes);
-    lap.openFirmware();
-  }
-  /// With what tells its kind.
-  std::string line() const {
-    return std::string(spokenStatus(lap.Esemeny.Kind)) + lap.Esemeny.Caption.get();
-  }
-  std::string marks() const { return lap.marks.savedMark() + "|" + lap.marks.sentMark(); }
-};
+const std::string save = "save Setup File (*.pwm)|*.pwm|Minden File (*.*)|*.* Modositott.pwm";
 
 struct ShellAtItsStart : testing::Test, Program {};
 
@@ -98,22 +63,8 @@ TEST_F(ShellAtItsStart, InfoTextIsShownIfItsNameIsExact) {
   }
 }
 
-TEST_F(ShellAtItsStart, ShutdownAsksAboutUnsavedChangesAndEndsOnceInAnyCase) {
-  for (Journal expected : {Journal(), {question}, {question, save}}) {
-    Lap fresh(outside);
-    fresh.Form_Load();
-    fresh.setup.Ut.type("5");
-    if (!expected.empty()) fresh.setup.FolLe[0].pressUp();
-    box.answers = {expected.size() > 1 ? BoxAnswer::Yes : BoxAnswer::No};
-    journal.clear();
-    fresh.MFkilepes.click();
-    fresh.endWithoutQuestion();
-    std::ranges::copy(rows("shutdown")[0], std::back_inserter(expected));
-    EXPECT_TRUE(same(decoded(journal), expected));
-  }
-}
-
-TEST_F(Shell, ASignalEndsWithoutAQuestionAlsoInsideOne) {
+TEST_F(Session, ASignalEndsWithoutAQuestionAlsoInsideOne) {
+  dialog.whileOpen = nullptr;
   lap.setup.FolLe[0].pressUp();
   lap.jog.Impulzus.click();
   auto& button = lap.jog.Mozg[lap.jog.Mozg.first];
@@ -128,71 +79,6 @@ TEST_F(Shell, ASignalEndsWithoutAQuestionAlsoInsideOne) {
   // In the program the end comes before the question returns.
   EXPECT_EQ(journal.front() + "; " + journal.end()[-2] + "; " + journal.back(),
             question + "; end; " + save);
-}
-
-TEST_F(Shell, StatusLineTellsWhatNoBoxDoesAndWhyItBeeps) {
-  const std::string block = Block().text(), closed = block + closingRecord;
-  const std::string low =
-      wordRecord(0x4200, {0, 0, 1, 2, 3, 4, 5, 6}) + closed.substr(closed.find('\n'));
-  const auto load = [&](int presses) {
-    while (presses-- > 0) lap.load.TapFel.click();
-  };
-  const std::function<void()> operations[] = {
-      [&] { openSetup("300\r\n0\r\n"); },
-      [&] { saveSetup("uj.pwm"); },
-      [&] { lap.MFSetNyit.click(); },
-      [&] { openImage(closed); },
-      [&] { openImage(low); },
-      [&] { openImage(block); },
-      [&] { openImage("x\n" + block); },
-      [&] { openImage("x\n" + closed); },
-      [&] { dialog.path = scratch.path("uj.hex"), lap.saveFirmware(); },
-      [&] { box.answers = {BoxAnswer::No}, lap.setup.Letolt.click(); },
-      [&] { dialog.path.reset(), lap.openFirmware(); },
-      [&] { files.fail(Call::Read, Failure::DeviceIo), openImage(block); },
-      [&] { files.fail(Call::Open, Failure::PathFileAccess), lap.openFirmware(); },
-      [&] { lap.jog.Seb.type("300"), lap.jog.Impulzus.click(); },
-      [&] { lap.jog.Impulzus.click(); },
-      [&] { lap.jog.Seb.type("2000"), lap.jog.Impulzus.click(); },
-      [&] { load(7); },
-      [&] { lap.load.TulH.click(), load(4); },
-      [&] { lap.load.TapStop.click(); },
-      [&] { lap.setup.FolLe[6].Value = 1, lap.setup.FolLe[6].pressDown(); }};
-  dialog.whileOpen = [this] { EXPECT_EQ(line(), "") << "a clean line first"; };
-  const auto told = rows("status");
-  for (std::size_t n = 0; n < std::size(operations); ++n) {
-    operations[n]();
-    const bool named = told[n].size() > 1 && !told[n][1].empty();
-    EXPECT_EQ(line(), told[n][0] + (named ? scratch.path(told[n][1]) : "")) << n;
-  }
-  EXPECT_EQ(std::ranges::count(journal, "beep"), 3);
-}
-
-TEST_F(Shell, AnUploadTellsItsTimeAndItsLongestPauseOrThatNotAllWentOut) {
-  int told = 0;
-  lap.uploaded.handle([&told] { ++told; });
-  const auto upload = [this](long writes, int late) {
-    registers.writesThatReach = writes;
-    registers.late = std::chrono::microseconds(late);
-    registers.time += std::chrono::hours(3);
-    lap.setup.Letolt.click();
-    return line();
-  };
-  EXPECT_EQ(upload(479, 0),
-            "Hiba: A port feltöltés közben eltűnt, a Setup nem ment ki egészen. Töltse fel újra!");
-  EXPECT_EQ(upload(0, 0),
-            "Hiba: Nem ment ki semmi, mert nincs használható port. A port sora megmondja, miért.");
-  EXPECT_EQ(marks(), "|Még nincs feltöltve");
-  // One write puts the line to idle behind what was cut short. Between two edges are up to two
-  // waits: the data line keeps its level for equal bits.
-  EXPECT_EQ(upload(481, 330),
-            "Kész: Kiküldve 638.4 ms alatt, két él közt legfeljebb 2.7 ms szünettel. "
-            "A vonal egyirányú, nyugta nem jön.");
-  EXPECT_EQ(marks(), "|");
-  EXPECT_NE(upload(-1, 33).find(" 2.1 ms"), std::string::npos) << line();
-  ports.now.kind = platform::PortState::Kind::Lost;
-  EXPECT_EQ(upload(-1, 0).substr(0, 13), "Hiba: A port ") << "found out behind the last write";
-  EXPECT_EQ(told, 5);
 }
 
 TEST(PortTexts, NameThePortInUseOrTellWhyNothingGoesOutAndTheRemedy) {
@@ -215,68 +101,44 @@ TEST(PortTexts, NameThePortInUseOrTellWhyNothingGoesOutAndTheRemedy) {
   }
 }
 
-TEST_F(Shell, ThePortsLineFollowsTheSelectionAndANewTryFromItsRemedy) {
-  const auto& text = lap.PortAllapot.Caption;
-  EXPECT_EQ(text.get(), "Port: /dev/parport0, cím 0x378, a kernel meghajtójával.");
-  lap.port.LPT.select(1);
-  EXPECT_EQ(text.get(), "Port: /dev/parport0, cím 0x278, a kernel meghajtójával.");
-  const std::string found = "remedy " + text.get() + ": ";
-  lap.PortTeendo.click();
-  ports.now.kind = platform::PortState::Kind::NoDriver;
-  ports.changed();
-  const std::string shown = "remedy " + text.get() + ": sudo modprobe -a parport_pc ppdev";
-  lap.PortTeendo.click();
-  remedies.retries = 5;
-  lap.PortTeendo.click();
-  EXPECT_EQ("remedy " + text.get() + ": ", found);
-  EXPECT_TRUE(same(journal, {found, shown, shown, "open 278", found}));
-}
-
-TEST_F(Shell, TwoMarksTellHowTheSetupStandsToItsFileAndToTheController) {
-  saveSetup("b.pwm");
-  const std::string file = scratch.read("b.pwm");
-  std::string told;
-  lap.marks.observe([&] { told = marks(); });
-  // What each change does to the marks of a Setup that is in the file and has gone out.
-  const std::pair<std::function<void()>, std::string> changes[] = {
-      {[&] { lap.setup.FolLe[11].pressUp(); }, both},
-      {[&] { lap.setup.Funkcio.select(3); }, both},
-      {[&] { lap.setup.FolLe[0].pressUp(), saveSetup("c.pwm"); }, "|" + unsent},
-      {[&] { lap.setup.Spm.type("0.01"); }, "|"},
-      {[&] { lap.setup.Ut.type("1000.5"); }, unsaved + "|"},
-      {[&] { lap.setup.Tures.type("2"); }, both},
-      {[&] { lap.setup.Verz.Caption = "V5.0.3"; }, unsaved + "|"},
-      {[&] { lap.setup.Xegesz.click(), dialog.path.reset(), lap.MFSetMent.click(); }, both},
-      {[&] { files.fail(Call::Write, Failure::DiskFull), saveSetup("c.pwm"); }, "Nincs elmentve|"},
-      {[&] { dialog.path = scratch.path("nincs.pwm"), lap.MFSetNyit.click(); }, "|"},
-      {[&] { openSetup("300\r\n" + file.substr(file.find('\n') + 1)); }, both},
-      {[&] { openSetup("91\r\n"); }, unsaved + "|"}};
-  for (std::size_t row = 0; row < std::size(changes); ++row) {
-    files.mend();
-    openSetup(file);
-    lap.setup.Letolt.click();
-    EXPECT_EQ(told, "|") << "ahead of row " << row;
-    changes[row].first();
-    EXPECT_EQ(marks(), changes[row].second) << "row " << row;
-    EXPECT_EQ(told, marks()) << "row " << row;
-  }
-}
-
-TEST_F(Shell, ADroppedFileAnswersTheDialogOnce) {
-  lap.openDropped(scratch.write("fw.Hex", Block().text() + closingRecord));
-  EXPECT_EQ(lap.form.Caption.get(), "Vilor CNC Monitra V2.2.0   (fw.Hex)");
-  lap.openDropped(scratch.write("a.PWM", "300\r\n"));
-  EXPECT_EQ(lap.form.Caption.get(), "Vilor CNC Monitra V2.2.0  (a.PWM)");
-  for (const char* other : {"a.txt", "pwm", ".hexa", "/mappa.hex/fw", ""}) lap.openDropped(other);
-  EXPECT_EQ(line().find("Figyelem: A fájl hiányos: 1 sor"), 0U);
+TEST_F(Session, EveryActionTellsWhatComesOfIt) {
+  const std::map<std::string, Action> more{
+      {"upload", [this](auto&, auto&) { lap.setup.Letolt.click(); }},
+      {"saved and sent",
+       [this](auto& name, auto& text) {
+         files.mend();
+         choose(name, text);
+         lap.MFSetNyit.click();
+         lap.setup.Letolt.click();
+         EXPECT_EQ(marks, " ");
+         values = shown();
+         journal.clear();
+       }},
+      {"version", [this](auto& text, auto&) { lap.setup.Verz.Caption = text; }},
+      {"whole steps", [this](auto&, auto&) { lap.setup.Xegesz.click(); }},
+      {"generator", [this](auto&, auto&) { lap.jog.Impulzus.click(); }},
+      {"load", [this](auto&, auto&) { lap.load.TapFel.click(); }},
+      {"permit", [this](auto&, auto&) { lap.load.TulH.click(); }},
+      {"stop", [this](auto&, auto&) { lap.load.TapStop.click(); }},
+      {"port", [this](auto& i, auto&) { lap.port.LPT.select(std::stoi(i)); }},
+      {"lost",
+       [this](auto& kind, auto&) { ports.now.kind = platform::PortState::Kind{std::stoi(kind)}; }},
+      {"find", [this](auto&, auto&) { ports.changed(); }},
+      {"remedy",
+       [this](auto& tries, auto&) { remedies.retries = std::stoi(tries), lap.PortTeendo.click(); }},
+      {"reach",
+       [this](auto& writes, auto& late) {
+         registers.writesThatReach = std::stoi(writes);
+         registers.late = std::chrono::microseconds(std::stoi(late));
+       }},
+      {"end", [this](auto& name,
+                     auto&) { box.whileOpen = nullptr, choose(name, {}), lap.MFkilepes.click(); }},
+      {"save in a box",
+       [this](auto&, auto&) { box.whileOpen = [this] { lap.MFSetMent.click(); }; }}};
+  actions.insert(more.begin(), more.end());
+  for (const char* const shorter : {"", "pwm"}) lap.openDropped(shorter);
   EXPECT_TRUE(same(journal, {}));
-  lap.MFSetNyit.click();
-  EXPECT_TRUE(same(journal, {open})) << "later dialogs come up again";
-  journal.clear();
-  box.whileOpen = [this] { lap.MFSetMent.click(); };
-  lap.openDropped(scratch.path("nincs.hex"));
-  EXPECT_TRUE(same(journal, {"box 16: 'nincs.hex' nem található !", save}));
-  EXPECT_EQ(line(), "");
+  play("session");
 }
 
 }  // namespace

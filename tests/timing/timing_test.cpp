@@ -9,7 +9,6 @@
 #include "timing/holding_frequency.h"
 #include "timing/numbers.h"
 #include "timing/timing_fields.h"
-#include "timing/tuning_fields.h"
 
 namespace monitra::timing {
 namespace {
@@ -84,7 +83,6 @@ struct Timing : testing::Test {
   TimingFields fields{kozos, panel};
   Editions editions{kozos, panel, fields, box};
   HoldingFrequency coupling{kozos, panel, fields, [this] { journal.emplace_back("beep"); }};
-  TuningFields tuning{panel};
 };
 
 TEST_F(Timing, ATextAloneShowsTheDutyUnderTheLastPeriodUntilAllIsComputedAnew) {
@@ -108,67 +106,28 @@ TEST_F(Timing, ATextAloneShowsTheDutyUnderTheLastPeriodUntilAllIsComputedAnew) {
   EXPECT_TRUE(same(captions(), rows("captions")[1]));
 }
 
-/// Tells every change of the timing fields and what else a press does.
-struct Presses : Timing {
-  Presses() {
-    for (int i = 0; i < timingFields; ++i) {
-      journalise(journal, panel.box(i).Text, std::string(timingFieldNames[i]) + " text ");
-      journalise(journal, panel.FolLe[i].Value, std::string(timingFieldNames[i]) + " value ");
-    }
+TEST_F(Timing, APressMovesItsFieldAndWithConstantFrequencyThePartnerAheadOfItTheOtherWay) {
+  for (int i = 0; i < timingFields; ++i) {
+    journalise(journal, panel.box(i).Text, std::to_string(i) + " text ");
+    journalise(journal, panel.FolLe[i].Value, std::to_string(i) + " value ");
   }
-
-  void press(int i, bool up, int own, int other) {
-    const int partner = (i + 3) % 6 + i / 6 * 6, end = up ? 255 : 1, step = up ? 1 : -1;
-    SCOPED_TRACE(std::string(timingFieldNames[i]) + (up ? " up from " : " down from ") +
-                 decimalText(own) + ", its partner at " + decimalText(other));
-    panel.FolLe[i].Value = own;
-    panel.FolLe[partner].Value = other;
-    journal.clear();
-    up ? panel.FolLe[i].pressUp() : panel.FolLe[i].pressDown();
-    const bool coupled = i >= T2X && panel.MBTallando.Checked;
-    const bool partnerMoves = coupled && other != 256 - end, moves = own != end;
-    Journal expected;
-    const auto expect = [&expected](int field, const char* face, int number) {
-      expected.push_back(std::string(timingFieldNames[field]) + face + decimalText(number));
-    };
-    if (coupled && !partnerMoves) expected.emplace_back("beep");
-    for (const char* face : {" text ", " value "}) {
-      if (partnerMoves) expect(partner, face, other - step);
-    }
-    if (coupled && !moves) expected.emplace_back("beep");
-    for (const char* face : {" value ", " text "}) {
-      if (moves) expect(i, face, own + step);
-    }
-    EXPECT_TRUE(same(journal, expected));
-  }
-};
-
-TEST_F(Presses, MoveTheirFieldAndWithConstantFrequencyThePartnerAheadOfItTheOtherWay) {
   for (const bool constant : {true, false, true}) {
     (constant ? panel.MBTallando : panel.MBTValtozo).click();
     EXPECT_TRUE(panel.MBTallando.Checked == constant && panel.MBTValtozo.Checked != constant);
     for (int i = 0; i < timingFields; ++i) {
-      for (const int own : {1, 2, 24, 254, 255}) {
-        for (const int other : {1, 2, 24, 254, 255}) {
-          for (const bool up : {false, true}) press(i, up, own, other);
+      const std::string names[] = {std::to_string(i), std::to_string((i + 3) % 6 + i / 6 * 6)};
+      for (const Row& row : rows(constant && i >= T2X ? "coupled presses" : "presses")) {
+        panel.FolLe[i].Value = std::stoi(row[1]);
+        panel.FolLe[std::stoi(names[1])].Value = std::stoi(row[2]);
+        journal.clear();
+        row[0] == "up" ? panel.FolLe[i].pressUp() : panel.FolLe[i].pressDown();
+        Journal expected(row.begin() + 3, row.end());
+        for (std::string& entry : expected) {
+          if (entry != "beep") entry.replace(0, 3, names[entry.starts_with("two")]);
         }
+        EXPECT_TRUE(same(journal, expected)) << i << testing::PrintToString(row);
       }
     }
-  }
-}
-
-TEST_F(Timing, APartnerThatAFileLeftInAnotherSpellingMovesAsItsNumberDoesAndKeepsItsLimit) {
-  for (const Row& row : rows("spellings")) {
-    const bool up = row[1] == "up";
-    panel.FolLe[T3Y].Value = wholeNumber(Ertek(row[0]));
-    panel.T3[T3Y].Text = row[0];
-    panel.FolLe[T2Y].Value = up ? 255 : 1;
-    fields.MindFrissit();
-    up ? panel.FolLe[T2Y].pressUp() : panel.FolLe[T2Y].pressDown();
-    EXPECT_EQ((Row{row[0], row[1], panel.T3[T3Y].Text, decimalText(panel.FolLe[T3Y].Value)}), row);
-    const Journal shown = captions();
-    fields.MindFrissit();
-    EXPECT_TRUE(same(shown, captions())) << row[0];
   }
 }
 
@@ -184,38 +143,6 @@ TEST_F(Timing, EveryRouteToAnEditionShowsAllOfIt) {
     EXPECT_EQ(panel.Verz.Caption.get(), menu ? "V?.?.?" : "V5.0.3") << route;
   }
   EXPECT_EQ(kozos.VerFo, "3.5");
-}
-
-TEST_F(Timing, FunkcioFiveIsForTheSecondEditionOnly) {
-  box.whileOpen = [this] { journal.push_back(captions()[1]); };
-  panel.Funkcio.select(5);
-  EXPECT_EQ(panel.Funkcio.ListIndex, 0);
-  panel.MBKTarso.click();
-  panel.Funkcio.select(5);
-  EXPECT_EQ(panel.Funkcio.ListIndex, 5);
-  panel.MBKVilor.click();
-  EXPECT_EQ(panel.Funkcio.ListIndex, 0);
-  EXPECT_TRUE(same(journal, rows("function 5")[0]))
-      << "of the captions only the view's own are there ahead of the box";
-}
-
-TEST_F(Timing, TuningTextsAreClampedAndFollowTheirSpinButtonsAtEveryKeystroke) {
-  for (const Row& row : rows("tuning")) {
-    auto& field = row[0] == "Ut" ? panel.Ut : row[0] == "Spm" ? panel.Spm : panel.Tures;
-    auto& spin = row[0] == "Tures" ? panel.Turesfolle : panel.Utfolle;
-    row[1] == "+" ? spin.pressUp() : field.type(row[1]);
-    EXPECT_EQ((Row{row[0], row[1], field.Text, decimalText(spin.Value), panel.Uthossz.Caption}),
-              row);
-  }
-}
-
-TEST_F(Timing, ASetupGoesIntoTheSpinValuesAndComesOutAgain) {
-  for (int axis = 0; axis < 3; ++axis) {
-    const timing::Setup setup{
-        {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 255}, 3, 65535, 255, axis == 0, axis == 1, axis == 2};
-    panel.setSpinValues(setup);
-    EXPECT_EQ(panel.spinValues(), setup) << axis;
-  }
 }
 
 }  // namespace
