@@ -47,6 +47,7 @@ struct Pair {
   }
   void operator()(controls::Label* label) {
     shows(label->Caption, "<b>&c", "text");
+    EXPECT_TRUE(as<QLabel>().accessibleName().endsWith("<b>&c"));
     EXPECT_EQ(as<QLabel>().textFormat(), Qt::PlainText);
     label->Visible = !label->Visible;
     EXPECT_EQ(as<QLabel>().isHidden(), !label->Visible);
@@ -94,12 +95,14 @@ struct Pair {
     if (box->Locked) line->setText("34");
     EXPECT_EQ(line->text(), "12");
   }
-  void operator()(controls::SpinButton* spin) {
+  /// A screen reader steps it, which raises the control's events and shows.
+  void operator()(controls::SpinButton* spin) const {
+    QAccessibleInterface& access = *QAccessible::queryAccessibleInterface(widget);
     spin->Value = 100;
-    emit as<SpinArrows>().upPressed();
-    EXPECT_EQ(as<SpinArrows>().value(), 101);
+    access.actionInterface()->doAction(QAccessibleActionInterface::increaseAction());
+    EXPECT_EQ(access.valueInterface()->currentValue(), 101);
     for (int n = 0; n < 2; ++n) emit as<SpinArrows>().downPressed();
-    EXPECT_EQ(as<SpinArrows>().value(), 99);
+    EXPECT_EQ(access.valueInterface()->currentValue(), 99);
   }
   void operator()(controls::PushButton* button) {
     // Disabled for the length of its press, it has the focus again.
@@ -137,8 +140,36 @@ struct Pair {
     rows.item(0)->setSelected(false);  // as a click with the control key does
     EXPECT_EQ(rows.selectedItems(), QList<QListWidgetItem*>{rows.item(0)});
   }
+  /// Lights from the foot up, green, yellow and red.
+  void operator()(controls::LedMeter* meter) const {
+    as<QWidget>().setFixedSize(20, 246);
+    for (const auto& [level, shines] :
+         {std::pair(0, "------"), {8, "g-----"}, {50, "gg----"}, {75, "ggyy--"}, {100, "ggyyrr"}}) {
+      meter->Level = level;
+      auto* const access = QAccessible::queryAccessibleInterface(widget);
+      EXPECT_EQ(access->valueInterface()->currentValue(), level);
+      const QImage image = as<QWidget>().grab().toImage();
+      std::string seen;
+      for (const int percent : {2, 48, 52, 73, 77, 98}) {
+        const QColor colour = image.pixelColor(10, 242 - percent * 240 / 100);
+        seen += "-gry"[(colour.green() > 128 ? 1 : 0) + (colour.red() > 128 ? 2 : 0)];
+      }
+      EXPECT_EQ(seen, shines) << level;
+    }
+  }
   void operator()(controls::ProgressBar* bar) { shows(bar->Value, 62.0, "value"); }
-  void operator()(controls::TabStrip* tabs) { mirrors(tabs->Tab, 2, "currentIndex", 1); }
+  void operator()(controls::TabStrip* tabs) {
+    mirrors(tabs->Tab, 2, "currentIndex", 1);
+    QTabBar& row = *as<QTabWidget>().tabBar();
+    tabs->GotFocus.handle(counter);
+    row.clearFocus();
+    QTest::mouseClick(&row, Qt::LeftButton, {}, row.tabRect(tabs->Tab).center());
+    EXPECT_EQ(std::exchange(events, 0), 1) << "at a click on the tab on top too";
+    row.clearFocus();
+    widget->setProperty("currentIndex", 3);
+    EXPECT_TRUE(events > 0 && row.hasFocus()) << "however the tab is changed";
+    tabs->GotFocus.handle({});
+  }
   void operator()(controls::MenuEntry* entry) {
     auto& action = as<QAction>();
     entry->Click.handle(counter);
@@ -173,6 +204,7 @@ struct Bindings : testing::Test, support::Program {
     const auto* const access = QAccessible::queryAccessibleInterface(shown);
     const QString called = access->text(QAccessible::Name);
     EXPECT_FALSE(called.isEmpty());
+    EXPECT_EQ(access->role() == QAccessible::Graphic, entry.kind == shell::Kind::Picture);
     if (shown->focusPolicy() == Qt::NoFocus || entry.kind == shell::Kind::TabStrip) return;
     EXPECT_FALSE(spoken.contains(called)) << "what can be operated has a name of its own";
     spoken << called;

@@ -90,28 +90,6 @@ TEST_F(Desktop, DiagramAndBarFollowAtOnceAndThePortWithoutAUser) {
   EXPECT_TRUE(QTest::qWaitFor([state, before = state->text()] { return state->text() != before; }));
 }
 
-TEST_F(Desktop, TheRowOfTabsStopsTheGeneratorHoweverTheTabIsChanged) {
-  auto* const tabs = find<QTabWidget>("SSTab1");
-  QTabBar* const row = tabs->tabBar();
-  const auto click = [row](int tab) {
-    QTest::mouseClick(row, Qt::LeftButton, {}, row->tabRect(tab).center());
-  };
-  const std::function<void()> ways[] = {
-      [&] { click(2); }, [&] { click(1); },
-      [&] { QTest::keyClick(tabs, Qt::Key_Tab, Qt::ControlModifier); }, [&] { row->setFocus(); },
-      [&] { tabs->setCurrentIndex(2); }};
-  for (const auto& change : ways) {
-    SCOPED_TRACE(&change - ways);
-    showTab(1);
-    widget("Impulzus")->setFocus();
-    lap.jog.Impulzus.click();
-    change();
-    EXPECT_FALSE(lap.jog.Impulzus.Value || lap.jog.Timer1.Enabled);
-    EXPECT_TRUE(row->hasFocus());
-    EXPECT_EQ(journal.empty(), lap.SSTab1.Tab != 2);
-  }
-}
-
 TEST_F(Desktop, TheWordToEndFromOutsideEndsOnceWithoutAQuestion) {
   int ended = 0;
   std::signal(SIGHUP, SIG_IGN);

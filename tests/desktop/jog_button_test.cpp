@@ -102,7 +102,10 @@ TEST_F(JogButtons, AHeldOneComesUpByMouseKeyAndEachSignThatNoReleaseMightCome) {
     EXPECT_FALSE(held());
     find<QMenu>("MB")->close();
   });
-  comesUpBy("tab", [&] { lap.SSTab1.Tab = 2; });
+  comesUpBy("tab", [&] {
+    find<QTabWidget>("SSTab1")->setCurrentIndex(2);
+    EXPECT_FALSE(lap.jog.Impulzus.Value || lap.jog.Timer1.Enabled);
+  });
   comesUpBy("close", [&] {
     lap.setup.FolLe[0].pressUp();
     box.whileOpen = [this] { EXPECT_FALSE(held()); };
