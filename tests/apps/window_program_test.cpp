@@ -15,18 +15,16 @@ const std::string stored =
 /// Starts a program without a display, signals it once its window shows, and gives what a reader
 /// saw of what it printed, and its preferences.
 std::string endedBy(const std::string& signal, const std::string& program,
-                    const std::string& reader = "sed -u ''") {
+                    const std::string& reader = "cat") {
   const Scratch scratch;
-  const Ran ran =
-      shell("cd " + quoted(scratch.path()) + "; mkfifo out; " + reader +
-            " <out >seen & reader=$!\n"
-            "export XDG_CONFIG_HOME=$PWD XDG_RUNTIME_DIR=$PWD QT_QPA_PLATFORM=offscreen\n"
-            "env --default-signal " +
-            quoted(MONITRA_BIN "/" + program) +
-            " >out 2>errors & program=$!\n"
-            "until grep -qs port seen || ! kill -0 $program; do sleep 0.05; done\n"
-            "kill -" +
-            signal + " $program; wait $program; code=$?; wait $reader; cat seen; exit $code");
+  const Ran ran = shell("cd " + scratch.path() + "; program=" + quoted(MONITRA_BIN "/" + program) +
+                        " signal=" + signal + " reader=" + quoted(reader) + R"(
+    export XDG_CONFIG_HOME=$PWD XDG_RUNTIME_DIR=$PWD QT_QPA_PLATFORM=offscreen
+    mkfifo out
+    $reader <out >seen & listening=$!
+    env --default-signal "$program" >out 2>errors & running=$!
+    until grep -qs port seen || ! kill -0 $running; do sleep 0.05; done
+    kill -$signal $running; wait $running; code=$?; wait $listening; cat seen; exit $code)");
   EXPECT_EQ(ran.exitCode, 0);
   return ran.output + scratch.read("monitra/" + program + ".json");
 }

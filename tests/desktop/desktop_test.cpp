@@ -5,7 +5,6 @@
 #include "desktop/qt_file_dialog.h"
 #include "desktop/qt_message_box.h"
 #include "desktop/qt_remedy_box.h"
-#include "desktop/spin_arrows.h"
 #include "desktop/text.h"
 #include "desktop/window_style.h"
 #include "support/contracts.h"
@@ -19,80 +18,64 @@ using namespace support;
 using platform::Failure;
 
 struct Desktop : Window {
-  std::string text(const char* label) { return find<QLabel>(label)->text().toStdString(); }
-  std::string boxText(const char* field) { return find<QLineEdit>(field)->text().toStdString(); }
-  /// Whether a widget takes an event rather than passing it on.
-  static bool takes(QWidget* widget, QEvent&& event) {
+  /// Whether a widget takes a key, or so many eighths of a degree of the wheel, rather than passing
+  /// it on.
+  static bool takes(QWidget* widget, const QString& step) {
+    const QPointF at = widget->rect().center();
+    const QKeyCombination key = QKeySequence(step)[0];
+    QKeyEvent press(QEvent::KeyPress, key.key(), key.keyboardModifiers());
+    QWheelEvent turn(at, widget->mapToGlobal(at), {}, {0, step.toInt()}, {}, {}, {}, false);
+    QEvent& event = step.toInt() != 0 ? static_cast<QEvent&>(turn) : press;
     QApplication::sendEvent(widget, &event);
     return event.isAccepted();
   }
-  static bool takes(QWidget* widget, int key, Qt::KeyboardModifiers modifiers = {}) {
-    return takes(widget, QKeyEvent(QEvent::KeyPress, key, modifiers));
+  bool drop(const QList<QUrl>& urls, Qt::DropActions offered = Qt::CopyAction) {
+    QMimeData data;
+    data.setUrls(urls);
+    data.setText(QStringLiteral("file"));
+    const QPoint at = widget("InfoT")->mapTo(window.get(), widget("InfoT")->rect().center());
+    QDragEnterEvent enter(at, offered, &data, Qt::LeftButton, Qt::ShiftModifier);
+    QApplication::sendEvent(window->windowHandle(), &enter);
+    if (!enter.isAccepted()) return false;
+    QDropEvent event(at, offered, &data, Qt::LeftButton, Qt::ShiftModifier);
+    QApplication::sendEvent(window->windowHandle(), &event);
+    EXPECT_TRUE(event.isAccepted());
+    EXPECT_EQ(event.dropAction(), Qt::CopyAction) << "whoever drags it must not remove the file";
+    return true;
   }
-  static bool turnWheel(QWidget* widget, int eighths) {
-    const QPointF at = widget->rect().center();
-    return takes(widget,
-                 QWheelEvent(at, widget->mapToGlobal(at), {}, {0, eighths}, {}, {}, {}, false));
-  }
-  bool drop(QWidget* onto, const QList<QUrl>& urls, Qt::DropActions offered = Qt::CopyAction);
 };
 
-TEST_F(Desktop, ShowsOneWindowOfItsFixedSizeInTheMiddle) {
-  lap.SSTab1.Tab = 2;
-  MainWindow another(lap);
-  another.showCentred();
-  EXPECT_EQ(another.findChild<QTabWidget*>("SSTab1")->currentIndex(), 2);
-  EXPECT_EQ(another.minimumSize(), another.maximumSize());
-  const QPoint centre = another.frameGeometry().center();
-  EXPECT_LE((centre - another.screen()->availableGeometry().center()).manhattanLength(), 4);
-  lap.form.Caption = "a[*].pwm";
-  EXPECT_EQ(window->windowTitle(), "a[*][*].pwm") << "shown with one";
-  lap.Esemeny.show(controls::Status::Plain, "<b>hosszú");
-  takes(widget("Esemeny"), QHelpEvent(QEvent::ToolTip, {}, {}));
-  EXPECT_EQ(widget("Esemeny")->toolTip(), Qt::convertFromPlainText("<b>hosszú"));
-}
-
 TEST_F(Desktop, ArrowsKeysAndWheelMoveATimingField) {
-  QWidget *const arrows = widget("FolLe(6)"), *const field = widget("T2(6)");
+  QWidget* const arrows = widget("FolLe(6)");
+  auto* const field = find<QLineEdit>("T2(6)");
   const auto arrow = [arrows](int n) {
-    const QPoint at(arrows->width() / 2, arrows->height() * (2 * n + 1) / 4);
-    auto* const found = qobject_cast<QToolButton*>(arrows->childAt(at));
-    EXPECT_EQ(found->arrowType(), n == 0 ? Qt::UpArrow : Qt::DownArrow);
-    return found;
+    return qobject_cast<QToolButton*>(
+        arrows->childAt(arrows->width() / 2, arrows->height() * (2 * n + 1) / 4));
   };
-  EXPECT_FALSE(turnWheel(arrows, 600) || turnWheel(widget("Funkcio"), 600)) << "without the focus";
-  EXPECT_EQ(boxText("T2(6)") + std::to_string(lap.setup.Funkcio.ListIndex), "240");
+  EXPECT_LT(arrow(0)->arrowType(), arrow(1)->arrowType()) << "up and down";
+  EXPECT_FALSE(takes(arrows, "600") || takes(widget("Funkcio"), "600")) << "without the focus";
+  EXPECT_EQ(lap.setup.Funkcio.ListIndex, 0);
   const QImage unfocused = arrows->grab().toImage();
   QTest::mouseClick(arrow(0), Qt::LeftButton);
-  EXPECT_EQ(boxText("T2(6)"), "25");
+  EXPECT_EQ(field->text(), "25");
   EXPECT_TRUE(arrows->hasFocus());
   EXPECT_NE(arrows->grab().toImage(), unfocused);
-  for (int n = 0; n < 2; ++n) QTest::mouseClick(arrow(1), Qt::LeftButton);
-  for (QWidget* const at : {arrows, field}) {
-    SCOPED_TRACE(at->objectName().toStdString());
-    EXPECT_EQ(boxText("T2(6)"), "23");
+  QTest::mouseClick(arrow(1), Qt::LeftButton);
+  for (QWidget* const at : std::initializer_list<QWidget*>{arrows, field}) {
     at->setFocus();
-    EXPECT_TRUE(takes(at, Qt::Key_Up) && takes(at, Qt::Key_Up) && takes(at, Qt::Key_Down));
-    takes(at, Qt::Key_Up, Qt::ControlModifier);
-    EXPECT_EQ(boxText("T2(6)"), "24");
-    EXPECT_TRUE(turnWheel(at, 60) && turnWheel(at, 60));
-    EXPECT_EQ(boxText("T2(6)"), "25") << "a notch in two parts";
-    EXPECT_TRUE(turnWheel(at, 240) && turnWheel(at, -360) && turnWheel(at, -120));
+    for (const QStringList& step : lines("arrows")) {
+      const bool taken = step[1] == "both" || (step[1] == "field" && at == field);
+      EXPECT_EQ(takes(at, step[0]), taken) << qPrintable(step[0]);
+      EXPECT_EQ(field->text(), step.back()) << qPrintable(at->objectName() + step[0]);
+    }
   }
-  EXPECT_FALSE(takes(arrows, Qt::Key_Up, Qt::ControlModifier) || takes(arrows, Qt::Key_Return));
   QTest::mousePress(arrow(0), Qt::LeftButton);
   EXPECT_TRUE(QTest::qWaitFor([this] { return lap.setup.FolLe[6].Value >= 27; })) << "it repeats";
   lap.setup.FolLe[6].Enabled = false;
-  EXPECT_FALSE(takes(arrows, Qt::Key_Up));
+  EXPECT_FALSE(takes(arrows, "Up"));
 }
 
-TEST_F(Desktop, ThePortIsLookedAfterAlsoWhileNobodyUsesIt) {
-  ports.now.kind = platform::PortState::Kind::Simulated;
-  const std::string before = text("PortAllapot");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return text("PortAllapot") != before; }));
-}
-
-TEST_F(Desktop, DiagramAndBarFollowAtOnce) {
+TEST_F(Desktop, DiagramAndBarFollowAtOnceAndThePortWithoutAUser) {
   QWidget* const diagram = widget("Label2")->parentWidget();
   const QImage second = diagram->grab().toImage();
   const EventCount<QEvent::Paint> redrawn(diagram), moved(widget("Bar"));
@@ -102,100 +85,55 @@ TEST_F(Desktop, DiagramAndBarFollowAtOnce) {
   QApplication::processEvents();
   EXPECT_GE(redrawn.count, 1);
   EXPECT_NE(diagram->grab().toImage(), second);
-}
-
-TEST_F(Desktop, TheRowOfTabsStopsTheGeneratorHoweverTheTabIsChanged) {
-  auto* const tabs = find<QTabWidget>("SSTab1");
-  QTabBar* const row = tabs->tabBar();
-  const auto click = [row](int tab) {
-    QTest::mouseClick(row, Qt::LeftButton, {}, row->tabRect(tab).center());
-  };
-  const std::function<void()> ways[] = {
-      [&] { click(2); }, [&] { click(1); },
-      [&] { QTest::keyClick(tabs, Qt::Key_Tab, Qt::ControlModifier); }, [&] { row->setFocus(); },
-      [&] { tabs->setCurrentIndex(2); }};
-  for (const auto& change : ways) {
-    SCOPED_TRACE(&change - ways);
-    showTab(1);
-    lap.jog.Seb.type("1");
-    widget("Impulzus")->setFocus();
-    lap.jog.Impulzus.click();
-    change();
-    EXPECT_FALSE(lap.jog.Impulzus.Value || lap.jog.Timer1.Enabled);
-    EXPECT_TRUE(row->hasFocus());
-    const Journal opened{"r378", "w378=0"};
-    EXPECT_TRUE(same(journal, tabs->currentIndex() == 2 ? opened : Journal{}));
-  }
+  ports.now.kind = platform::PortState::Kind::Simulated;
+  const auto* const state = find<QLabel>("PortAllapot");
+  EXPECT_TRUE(QTest::qWaitFor([state, before = state->text()] { return state->text() != before; }));
 }
 
 TEST_F(Desktop, TheWordToEndFromOutsideEndsOnceWithoutAQuestion) {
-  for (const auto& [signal, before, ends] : {std::tuple(SIGHUP, SIG_IGN, 0),
-                                             {SIGHUP, SIG_DFL, 1},
-                                             {SIGTERM, SIG_DFL, 1},
-                                             {SIGQUIT, SIG_DFL, 1},
-                                             {SIGINT, SIG_DFL, 1}}) {
-    SCOPED_TRACE(signal);
-    std::signal(signal, before);
-    int ended = 0;
-    const EndWatch watch([&ended] { ++ended; });
-    std::raise(signal);
-    EXPECT_EQ(ended, 0) << "between two events";
-    QApplication::processEvents();
-    QEvent quit(QEvent::Quit);
-    EXPECT_FALSE(QApplication::sendEvent(window.get(), &quit)) << "only a word to the program";
-    EXPECT_EQ(ended, ends);
-    EXPECT_TRUE(QApplication::sendEvent(qApp, &quit)) << "the loop goes on until the end";
-    EXPECT_EQ(ended, 1);
-    for (const int caught : {SIGHUP, SIGTERM, SIGQUIT, SIGINT}) std::signal(caught, SIG_DFL);
-  }
-}
-
-bool Desktop::drop(QWidget* onto, const QList<QUrl>& urls, Qt::DropActions offered) {
-  QMimeData data;
-  data.setUrls(urls);
-  data.setText(QStringLiteral("file"));
-  const QPoint at = onto->mapTo(window.get(), onto->rect().center());
-  QDragEnterEvent enter(at, offered, &data, Qt::LeftButton, Qt::ShiftModifier);
-  QApplication::sendEvent(window->windowHandle(), &enter);
-  if (!enter.isAccepted()) return false;
-  QDropEvent event(at, offered, &data, Qt::LeftButton, Qt::ShiftModifier);
-  QApplication::sendEvent(window->windowHandle(), &event);
-  EXPECT_TRUE(event.isAccepted());
-  EXPECT_EQ(event.dropAction(), Qt::CopyAction) << "whoever drags it must not remove the file";
-  return true;
+  int ended = 0;
+  std::signal(SIGHUP, SIG_IGN);
+  const EndWatch watch([&ended] { ++ended; });
+  std::raise(SIGHUP);
+  QApplication::processEvents();
+  EXPECT_EQ(ended, 0) << "ignored from the start on";
+  std::raise(SIGTERM);
+  EXPECT_EQ(ended, 0) << "between two events";
+  QEvent quit(QEvent::Quit);
+  EXPECT_FALSE(QApplication::sendEvent(window.get(), &quit) || ended) << "a word to the program";
+  EXPECT_TRUE(QApplication::sendEvent(qApp, &quit)) << "the loop goes on until the end";
+  EXPECT_EQ(ended, 1);
+  QApplication::processEvents();
+  EXPECT_EQ(ended, 1);
+  for (const int caught : {SIGHUP, SIGTERM, SIGQUIT, SIGINT}) std::signal(caught, SIG_DFL);
 }
 
 TEST_F(Desktop, OneSetupOrFirmwareFileDroppedAnywhereIsOpenedAsACopy) {
   const auto firmware =
       QUrl::fromLocalFile(toQt(scratch.write("fw.hex", Block().text() + closingRecord)));
-  const auto setup = QUrl::fromLocalFile(toQt(scratch.write("a.pwm", "")));
-  const std::string unchanged = lap.form.Caption;
-  QWidget* const field = widget("Ut");
+  const auto setup = QUrl::fromLocalFile(toQt(scratch.write("a[*].pwm", "")));
+  const QString unchanged = window->windowTitle();
+  showTab(3);
   for (const QList<QUrl>& urls : {QList<QUrl>(),
                                   {QUrl::fromLocalFile("/tmp/a.txt")},
                                   {firmware, setup},
                                   {QUrl("http://pelda.hu/fw.hex")}}) {
-    EXPECT_FALSE(drop(field, urls)) << urls.size();
+    EXPECT_FALSE(drop(urls)) << urls.size();
   }
-  EXPECT_FALSE(drop(field, {firmware}, Qt::MoveAction));
+  EXPECT_FALSE(drop({firmware}, Qt::MoveAction));
   QMessageBox message(window.get());
-  EXPECT_TRUE(drop(field, {firmware}));
+  EXPECT_TRUE(drop({firmware}));
   message.open();
-  EXPECT_FALSE(drop(field, {firmware})) << "under a box";
+  EXPECT_FALSE(drop({firmware})) << "under a box";
   QApplication::processEvents();
   message.close();
-  EXPECT_TRUE(drop(field, {firmware}, Qt::MoveAction | Qt::CopyAction));
-  EXPECT_EQ(lap.form.Caption.get(), unchanged) << "the drop ends first, a box might come up";
+  EXPECT_TRUE(drop({firmware}, Qt::MoveAction | Qt::CopyAction));
+  EXPECT_EQ(window->windowTitle(), unchanged) << "the drop ends first, a box might come up";
   QApplication::processEvents();
-  EXPECT_EQ(lap.form.Caption.get(), unchanged + "   (fw.hex)");
-  for (const auto& [onto, tab] :
-       {std::pair("SSTab1", 0), {"Esemeny", 0}, {"Funkcio", 0}, {"InfoT", 3}}) {
-    showTab(tab);
-    lap.form.Caption = "";
-    EXPECT_TRUE(drop(widget(onto), {setup})) << onto;
-    QApplication::processEvents();
-    EXPECT_EQ(lap.form.Caption.get(), unchanged + "  (a.pwm)") << onto;
-  }
+  EXPECT_EQ(window->windowTitle(), unchanged + "   (fw.hex)");
+  EXPECT_TRUE(drop({setup}));
+  QApplication::processEvents();
+  EXPECT_EQ(window->windowTitle(), unchanged + "  (a[*][*].pwm)") << "shown with one";
 }
 
 /// Does something to the dialog that comes up next.
@@ -208,32 +146,43 @@ void whenShown(std::function<void(Dialog&)> act) {
   });
 }
 
+/// The title of a box and the captions of its buttons, that of Enter in brackets.
+QString outline(const QDialog& box) {
+  QString seen = box.windowTitle();
+  for (const auto* const button : box.findChildren<QPushButton*>()) {
+    seen += QString(button->isDefault() ? " [%1]" : " %1").arg(button->text());
+  }
+  return seen;
+}
+
+/// Presses the button of this caption, without one the escape key.
+void press(QDialog& box, const char* caption) {
+  if (*caption == '\0') QTest::keyClick(&box, Qt::Key_Escape);
+  for (auto* const button : box.findChildren<QPushButton*>()) {
+    if (button->text() == caption) button->click();
+  }
+}
+
 TEST(QtMessageBox, ShowsTextIconAndTitleAndMapsTheAnswer) {
   using platform::BoxAnswer;
-  QtMessageBox prompt(QStringLiteral("Monitra Setup"));
-  // Each row: the style, its icon, the button that is pressed (-1: the escape key), the answer.
-  // What dismisses a box leaves a question as it is.
+  QtMessageBox prompt(QStringLiteral("Monitra"));
   for (const auto& [style, icon, pressed, answer] :
-       {std::tuple(52, QMessageBox::Warning, 0, BoxAnswer::Yes),
-        {36, QMessageBox::Question, 1, BoxAnswer::No},
-        {64, QMessageBox::Information, -1, BoxAnswer::Ok},
-        {16, QMessageBox::Critical, 0, BoxAnswer::Ok},
-        {0, QMessageBox::NoIcon, 0, BoxAnswer::Ok}}) {
+       {std::tuple(52, QMessageBox::Warning, "&Igen", BoxAnswer::Yes),
+        {36, QMessageBox::Question, "&Nem", BoxAnswer::No},
+        {64, QMessageBox::Information, "", BoxAnswer::Ok},
+        {16, QMessageBox::Critical, "OK", BoxAnswer::Ok},
+        {0, QMessageBox::NoIcon, "OK", BoxAnswer::Ok}}) {
     SCOPED_TRACE(style);
     bool repainted = false;
-    const bool asks = answer != BoxAnswer::Ok;
     whenShown<QMessageBox>([&](QMessageBox& shown) {
       EXPECT_EQ(shown.text().toStdString(), "'<b>.pwm'\nmásodik");
       EXPECT_EQ(shown.textFormat(), Qt::PlainText);
-      EXPECT_EQ(shown.windowTitle().toStdString(), "Monitra Setup");
       EXPECT_EQ(shown.icon(), icon);
-      const auto buttons = shown.buttons();
-      EXPECT_EQ(buttons.size(), asks ? 2 : 1);
-      EXPECT_EQ(buttons[0]->text().toStdString(), asks ? "&Igen" : "OK");
-      EXPECT_EQ(shown.defaultButton(), asks ? buttons[0] : nullptr);
+      const bool asks = answer != BoxAnswer::Ok;
+      EXPECT_EQ(outline(shown), asks ? "Monitra [&Igen] &Nem" : "Monitra [OK]");
       if (asks) QTest::keyClick(&shown, Qt::Key_Escape), shown.close();
-      EXPECT_TRUE(shown.isVisible());
-      pressed >= 0 ? buttons[pressed]->click() : QTest::keyClick(&shown, Qt::Key_Escape);
+      EXPECT_TRUE(shown.isVisible()) << "what dismisses a box leaves a question as it is";
+      press(shown, pressed);
       QTimer::singleShot(0, [&] { repainted = true; });
     });
     EXPECT_EQ(prompt.MsgBox("'<b>.pwm'\r\nmásodik", style), answer);
@@ -241,100 +190,76 @@ TEST(QtMessageBox, ShowsTextIconAndTitleAndMapsTheAnswer) {
   }
 }
 
-struct FileDialogs : testing::Test {
-  FileDialogs() { QApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
-  Failure show(bool save, const char* typed, const QString& folder, const char* filter = "");
-
-  const Scratch scratch;
-  std::optional<QtFileDialog> dialog;
-};
-
-/// Shows it, which is to come up in this folder; chooses a filter, types a name into it and presses
-/// Enter, without a name Escape.
-Failure FileDialogs::show(bool save, const char* typed, const QString& folder, const char* filter) {
-  dialog->Filter = "Setup File (*.pwm)|*.pwm|Minden File (*.*)|*.*|Maradék";
-  dialog->FileName = "Modositott.pwm";
-  whenShown<QFileDialog>([&](QFileDialog& shown) {
-    EXPECT_EQ(shown.nameFilters(),
-              (QStringList{"Setup File (*.pwm) (*.pwm)", "Minden File (*.*) (*)"}));
-    EXPECT_TRUE(shown.testOption(QFileDialog::HideNameFilterDetails));
-    EXPECT_EQ(shown.acceptMode(), save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    EXPECT_EQ(shown.directory().absolutePath(), folder);
-    auto* const name = shown.findChild<QLineEdit*>("fileNameEdit");
-    EXPECT_EQ(name->text(), "Modositott.pwm");
-    if (*typed == '/') shown.setDirectory(QFileInfo(typed).path());
-    if (*filter != '\0') emit shown.filterSelected(filter);
-    name->setText(QString::fromUtf8(typed));
-    QTest::keyClick(name, *typed != '\0' ? Qt::Key_Return : Qt::Key_Escape);
-  });
-  return save ? dialog->ShowSave() : dialog->ShowOpen();
-}
-
-TEST_F(FileDialogs, KeepTheContractOfAGivenName) {
+TEST(QtFileDialog, KeepsTheContractOfAGivenName) {
   Journal journal;
   JournalDialog fake(journal);
-  dialog.emplace();
+  QtFileDialog dialog;
   QTimer closing;
-  const auto close = [] {
-    if (auto* const shown = QApplication::activeModalWidget()) shown->close();
-  };
-  QObject::connect(&closing, &QTimer::timeout, &closing, close);
+  QObject::connect(&closing, &QTimer::timeout, &QApplication::closeAllWindows);
   closing.start(0);
   givenNameContract(fake);
-  givenNameContract(*dialog);
+  givenNameContract(dialog);
 }
 
-TEST_F(FileDialogs, OfferTheGivenFiltersAndTakeAnyName) {
-  const QString before = QDir::currentPath();
-  QDir::setCurrent(QDir::rootPath());
-  dialog.emplace();
-  EXPECT_EQ(show(false, "", QDir::homePath()), Failure::Cancel);
-  EXPECT_EQ(dialog->FileName, "Modositott.pwm");
-  QDir::setCurrent(before);
-  dialog.emplace();
-  const std::string chosen = scratch.path("nincs.pwm");
-  EXPECT_EQ(show(false, chosen.c_str(), before), Failure::None);
-  EXPECT_EQ(dialog->FileName + " " + dialog->FileTitle, chosen + " nincs.pwm");
-  for (const auto& [typed, filter, title] : {std::array{"ékezetes név", "", "ékezetes név.pwm"},
-                                             {"név", "Minden File (*.*) (*)", "név"},
-                                             {"más", "Setup File (*.pwm) (*.pwm)", "más.pwm"},
-                                             {"van", "", "van.pwm"}}) {
-    scratch.write("van.pwm", "nothing is asked about it");
-    EXPECT_EQ(show(true, typed, toQt(scratch.path()), filter), Failure::None);
-    EXPECT_EQ(dialog->FileName, scratch.path(title)) << "where the last one was chosen";
+TEST(QtFileDialog, OffersTheGivenFiltersAndTakesAnyName) {
+  const Scratch scratch;
+  scratch.write("van.pwm", "nothing is asked about it");
+  for (const QString& from : {toQt(scratch.path()), QDir::rootPath()}) {
+    QDir::setCurrent(from);
+    QString folder = from == "/" ? QDir::homePath() : from;
+    QtFileDialog dialog;
+    for (const auto& [save, filter, typed, title] :
+         {std::tuple(false, "", "" /*the escape key*/, ""),
+          {false, "", "nincs.pwm", "nincs.pwm"},
+          {true, "", "ékezetes név", "ékezetes név.pwm"},
+          {true, "Minden File (*.*) (*)", "név", "név"},
+          {true, "Setup File (*.pwm) (*.pwm)", "más", "más.pwm"},
+          {true, "", "van", "van.pwm"}}) {
+      dialog.Filter = "Setup File (*.pwm)|*.pwm|Minden File (*.*)|*.*|Maradék";
+      dialog.FileName = "Modositott.pwm";
+      whenShown<QFileDialog>([&](QFileDialog& shown) {
+        EXPECT_EQ(shown.nameFilters(),
+                  (QStringList{"Setup File (*.pwm) (*.pwm)", "Minden File (*.*) (*)"}));
+        EXPECT_TRUE(shown.testOption(QFileDialog::HideNameFilterDetails));
+        EXPECT_EQ(shown.acceptMode(), save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+        EXPECT_EQ(shown.directory().absolutePath(), folder) << "where the last one was chosen";
+        auto* const name = shown.findChild<QLineEdit*>("fileNameEdit");
+        EXPECT_EQ(name->text(), "Modositott.pwm");
+        if (*typed != '\0') shown.setDirectory(folder = toQt(scratch.path()));
+        if (*filter != '\0') emit shown.filterSelected(filter);
+        name->setText(QString::fromUtf8(typed));
+        QTest::keyClick(name, *typed != '\0' ? Qt::Key_Return : Qt::Key_Escape);
+      });
+      const Failure ended = save ? dialog.ShowSave() : dialog.ShowOpen();
+      EXPECT_EQ(ended, *typed != '\0' ? Failure::None : Failure::Cancel);
+      EXPECT_EQ(dialog.FileName, *typed != '\0' ? scratch.path(title) : "Modositott.pwm");
+    }
   }
 }
 
 TEST(QtRemedyBox, ShowsTheTextGivesTheCommandAwayAndTellsWhetherToTryAgain) {
-  QtRemedyBox box(QStringLiteral("Monitra Setup"));
+  QtRemedyBox box(QStringLiteral("Monitra"));
   const std::string text = std::string(150, 'x') + " " + std::string(150, 'x');
-  for (const auto& [command, captions, pressed, again] :
-       {std::tuple("sudo modprobe", "&Másolás|&Bezárás|Ú&jra próbálja", 2, true),
-        {"sudo modprobe", "&Másolás|&Bezárás|Ú&jra próbálja", 1, false},
-        {"", "&Bezárás", 0, false}}) {
+  for (const auto& [command, seen, pressed, again] :
+       {std::tuple("sudo modprobe", "Monitra &Másolás [&Bezárás] Ú&jra próbálja", "Ú&jra próbálja",
+                   true),
+        {"sudo modprobe", "Monitra &Másolás [&Bezárás] Ú&jra próbálja", "&Bezárás", false},
+        {"", "Monitra [&Bezárás]", "&Bezárás", false}}) {
     SCOPED_TRACE(pressed);
     QApplication::clipboard()->clear();
     whenShown<QDialog>([&](QDialog& shown) {
-      EXPECT_EQ(shown.windowTitle(), "Monitra Setup");
       EXPECT_EQ(shown.minimumSize(), shown.maximumSize());
       const auto labels = shown.findChildren<QLabel*>();
-      EXPECT_EQ(labels[0]->text().toStdString() + labels[1]->text().toStdString(),
-                text + "Vigyázat!");
+      EXPECT_EQ(labels[0]->text() + labels[1]->text(), toQt(text + "Vigyázat!"));
       EXPECT_GT(labels[0]->height(), labels[1]->height()) << "it goes on in a second line";
-      QStringList seen;
-      const auto buttons = shown.findChildren<QPushButton*>();
-      for (auto* const button : buttons) {
-        seen << button->text();
-        EXPECT_EQ(button->isDefault(), button->text() == "&Bezárás") << "Enter closes";
-      }
-      EXPECT_EQ(seen.join('|'), captions);
-      if (buttons.size() > 1) {
-        EXPECT_FALSE(buttons[0]->autoDefault());
-        buttons[0]->click();
+      EXPECT_EQ(outline(shown), seen);
+      press(shown, "&Másolás");
+      if (const auto* const copy = shown.findChild<QPushButton*>("copy")) {
+        EXPECT_FALSE(copy->autoDefault());
         EXPECT_EQ(shown.findChild<QLineEdit*>()->selectedText(), command);
       }
       EXPECT_EQ(QApplication::clipboard()->text(), command);
-      buttons[pressed]->click();
+      press(shown, pressed);
     });
     EXPECT_EQ(box.show({text, "Vigyázat!", command, *command != '\0'}), again);
   }
@@ -346,6 +271,7 @@ TEST(QtRemedyBox, ShowsTheTextGivesTheCommandAwayAndTellsWhetherToTryAgain) {
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   testing::InitGoogleTest(&argc, argv);
+  QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   const QApplication application(argc, argv);
   QApplication::setStyle(new monitra::desktop::WindowStyle);
   monitra::desktop::installAccessibility();

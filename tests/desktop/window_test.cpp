@@ -1,69 +1,46 @@
 #include "support/window.h"
 
-#include "desktop/led_bar.h"
 #include "desktop/status_line.h"
 #include "shell/port_texts.h"
-#include "support/rows.h"
 
 namespace monitra::desktop {
 namespace {
 
 using namespace support;
 
-struct TheWindow : Window {
-  /// The rows of a table, in words.
-  static QList<QStringList> lines(const std::string& table);
-  QRect place(const QWidget* of) const {
-    return {of->mapTo(window.get(), QPoint(0, 0)), of->size()};
-  }
-  void checkLine(const std::string& kind, const QStringList& names);
-  void checkPlaces() const;
-  void press(Qt::Key key, const QString& reached);
-  void giveLongestTexts();
-};
-
-QList<QStringList> TheWindow::lines(const std::string& table) {
-  QList<QStringList> found;
-  for (const Row& row : rows(table)) {
-    found << QString::fromStdString(row[0]).split(' ');
-  }
-  return found;
-}
-
 bool near(int one, int other) {
   return std::abs(one - other) <= 2;
 }
 
-void TheWindow::checkLine(const std::string& kind, const QStringList& names) {
-  QRect last;
-  for (const QString& name : names) {
-    const QRect before = std::exchange(last, place(widget(name)));
-    if (before.isNull()) continue;
-    const QPoint middle = before.center();
-    if (kind == "row") {
-      EXPECT_TRUE(before.right() < last.left() && near(middle.y(), last.center().y()))
-          << qPrintable(name);
-      continue;
-    }
-    EXPECT_LT(before.bottom(), last.top()) << qPrintable(name);
-    const bool inLine = near(before.left(), last.left()) || near(before.right(), last.right()) ||
-                        near(middle.x(), last.center().x());
-    const bool above = last.left() < middle.x() && middle.x() < last.right();
-    EXPECT_TRUE(kind == "above" ? above : inLine) << qPrintable(name);
+struct TheWindow : Window {
+  QRect place(const QString& name) {
+    const QWidget& of = *widget(name);
+    return {of.mapTo(window.get(), QPoint(0, 0)), of.size()};
   }
-}
+  void checkLine(const std::string& kind, const QString& before, const QString& behind) {
+    const QRect one = place(before), next = place(behind);
+    const QPoint middle = one.center();
+    const bool inLine = near(one.left(), next.left()) || near(one.right(), next.right()) ||
+                        near(middle.x(), next.center().x());
+    const bool above = next.left() < middle.x() && middle.x() < next.right();
+    EXPECT_TRUE(kind == "row" ? one.right() < next.left() && near(middle.y(), next.center().y())
+                              : one.bottom() < next.top() && (kind == "above" ? above : inLine))
+        << kind << ": " << qPrintable(before + ' ' + behind);
+  }
+  void checkPlaces() const;
+  void giveLongestTexts();
+};
 
 TEST_F(TheWindow, WhatBelongsTogetherStandsInLine) {
   lap.setup.FolLe[0].pressUp();
   for (const char* const kind : {"row", "column", "above"}) {
     for (const QStringList& line : lines(kind)) {
-      SCOPED_TRACE(kind + (" " + line.join(' ')).toStdString());
       showTab(line[0].toInt());
-      checkLine(kind, line.mid(1));
+      for (int n = 2; n < line.size(); ++n) checkLine(kind, line[n - 1], line[n]);
     }
   }
   for (const QStringList& line : lines("jog")) {
-    const QPoint at = place(widget(line[0])).topLeft() - place(widget("Label16(0)")).topLeft();
+    const QPoint at = place(line[0]).topLeft() - place("Label16(0)").topLeft();
     EXPECT_LE((at - QPoint(line[1].toInt(), line[2].toInt())).manhattanLength(), 2)
         << qPrintable(line[0]);
   }
@@ -71,9 +48,9 @@ TEST_F(TheWindow, WhatBelongsTogetherStandsInLine) {
 
 /// By how many pixels the text of a widget doesn't fit, if it doesn't.
 int cutOff(const QWidget* widget) {
-  if (widget->inherits("QLineEdit") || dynamic_cast<const StatusLine*>(widget) != nullptr) {
+  const auto* const status = dynamic_cast<const StatusLine*>(widget);
+  if (status != nullptr || widget->inherits("QLineEdit")) {
     constexpr int frame = 6;
-    const auto* const status = dynamic_cast<const StatusLine*>(widget);
     const int taken = status != nullptr ? status->signWidth() : frame;
     const QString text = widget->property("text").toString();
     return widget->fontMetrics().horizontalAdvance(text) + taken - widget->width();
@@ -120,7 +97,7 @@ void TheWindow::giveLongestTexts() {
   lap.PortAllapot.show(shell::portStatus(busy), shell::portText(busy, "&H3BC"));
 }
 
-TEST_F(TheWindow, CutsNothingOffAndKeepsItsSizeAlsoWithLargerFonts) {
+TEST_F(TheWindow, CutsNothingOffAndKeepsItsSizeAndPlaceAlsoWithLargerFonts) {
   const QFont font = QApplication::font();
   std::vector<std::unique_ptr<MainWindow>> windows;  // a view must live as long as its control
   for (const double factor : {1.0, 1.2, 1.6, 2.5}) {
@@ -128,20 +105,22 @@ TEST_F(TheWindow, CutsNothingOffAndKeepsItsSizeAlsoWithLargerFonts) {
     QFont larger = font;
     larger.setPointSizeF(font.pointSizeF() * factor);
     QApplication::setFont(larger);
-    lap.SSTab1.Tab = 0;
     windows.push_back(std::exchange(window, std::make_unique<MainWindow>(lap)));
     window->showCentred();
     QApplication::processEvents();
     const QSize first = window->size();
-    EXPECT_TRUE(window->screen()->availableGeometry().contains(window->frameGeometry()));
+    const QRect screen = window->screen()->availableGeometry();
+    EXPECT_TRUE(screen.contains(window->frameGeometry()));
+    EXPECT_LE((window->frameGeometry().center() - screen.center()).manhattanLength(), 20);
+    EXPECT_EQ(window->minimumSize(), window->maximumSize());
+    EXPECT_EQ(find<QTabWidget>("SSTab1")->currentIndex(), lap.SSTab1.Tab);
     giveLongestTexts();
     if (factor > 1.2) lap.Esemeny.clear(), lap.PortAllapot.clear();
-    for (int tab = 0; tab < 4; ++tab) {
+    for (const int tab : {3, 2, 1, 0, 1}) {
       showTab(tab);
       EXPECT_EQ(window->size(), first) << "of one tab as of another";
       checkPlaces();
     }
-    showTab(1);
     const auto* const list = find<QListWidget>("LPT");
     EXPECT_EQ(list->verticalScrollBar()->maximum() + list->horizontalScrollBar()->maximum(), 0);
   }
@@ -188,26 +167,16 @@ TEST_F(TheWindow, TextsHaveTheirFontsAndColoursInEveryTheme) {
 TEST_F(TheWindow, GroundsPicturesAndLinesAreDrawn) {
   for (const QStringList& line : lines("ground")) {
     showTab(line[0].toInt());
-    const QImage image = window->grab(place(widget(line[1]))).toImage();
+    const QImage image = window->grab(place(line[1])).toImage();
     EXPECT_EQ(image.pixelColor(image.width() - 4, 4), QColor(line[2])) << qPrintable(line[1]);
   }
-  for (const char* const name :
-       {"Picture1(0)", "Picture1(3)", "Picture2(0)", "Picture2(1)", "lepes", "PortAllapot"}) {
+  const QStringList drawn = lines("drawn").front();
+  for (const QString& name : drawn) {
     const QImage image = widget(name)->grab().toImage();
     QImage blank = image;
     blank.fill(image.pixel(image.width() / 2, 4));
-    EXPECT_TRUE(image != blank) << name;
+    EXPECT_TRUE(image != blank) << qPrintable(name);
   }
-}
-
-/// A key takes the focus there, and sends nothing; a list or text shows it by its frame.
-void TheWindow::press(Qt::Key key, const QString& reached) {
-  QTest::keyClick(QApplication::focusWidget(), key);
-  const QWidget& focused = *QApplication::focusWidget();
-  EXPECT_EQ(focused.objectName(), reached);
-  EXPECT_TRUE(lap.jog.Impulzus.Value || same(journal, {})) << reached.toStdString();
-  const bool framed = focused.inherits("QAbstractScrollArea");
-  EXPECT_TRUE(!framed || focused.palette().windowText() == QApplication::palette().highlight());
 }
 
 TEST_F(TheWindow, KeysReachEverythingAndSendNothing) {
@@ -215,81 +184,23 @@ TEST_F(TheWindow, KeysReachEverythingAndSendNothing) {
     SCOPED_TRACE(line.join(' ').toStdString());
     showTab(line[0].toInt());
     if (line[1] == "Mozg(0)") lap.jog.Impulzus.click();
+    if (line[1] == "L(2)") lap.phases.L[2].click();
+    journal.clear();
     widget(line[1])->setFocus();
-    for (const QString& next : line.mid(2)) press(Qt::Key_Tab, next);
+    for (const QString& step : line.mid(2)) {
+      const QStringList press = step.contains('>') ? step.split('>') : QStringList{"Tab", step};
+      const QKeyCombination key = QKeySequence(press[0])[0];
+      QTest::keyClick(QApplication::focusWidget(), key.key(), key.keyboardModifiers());
+      const QWidget& focused = *QApplication::focusWidget();
+      EXPECT_EQ(focused.objectName(), press[1]);
+      EXPECT_TRUE(lap.jog.Impulzus.Value || same(journal, {})) << qPrintable(step);
+      const bool framed = focused.inherits("QAbstractScrollArea");
+      EXPECT_TRUE(!framed || focused.palette().windowText() == focused.palette().highlight());
+    }
   }
-  showTab(2);
-  widget("L(6)")->setFocus();
-  press(Qt::Key_Down, "L(0)");
-  press(Qt::Key_Right, "L(2)");
-  press(Qt::Key_Left, "L(0)");
-  press(Qt::Key_Up, "L(6)");
-  press(Qt::Key_Up, "L(5)");
-  lap.phases.L[2].click();
-  journal.clear();
-  press(Qt::Key_Tab, "Leptet(0)");
-  press(Qt::Key_Backtab, "L(2)");
-}
-
-TEST_F(TheWindow, MnemonicsReachTheirControlsAndMoveNothing) {
-  for (const QStringList& line : lines("alt")) {
-    showTab(line[0].toInt());
-    QTest::keyClick(window.get(), line[1][0].toLatin1(), Qt::AltModifier);
-    EXPECT_EQ(QApplication::focusWidget()->objectName(), line[2]);
-    EXPECT_TRUE(same(journal, {})) << qPrintable(line[2]);
-  }
-  const auto toggled = [this] { return lap.setup.Xegesz.Checked && lap.jog.Invert[1].Checked; };
-  EXPECT_TRUE(QTest::qWaitFor(toggled)) << "a button is pressed for a moment first";
-  for (const auto& [key, tab] :
-       {std::pair('T', 1), std::pair('P', 2), std::pair('I', 3), std::pair('M', 0)}) {
-    QTest::keyClick(window.get(), key, Qt::AltModifier);
-    EXPECT_EQ(lap.SSTab1.Tab, tab);
-  }
-  box.answers = {platform::BoxAnswer::No};
-  journal.clear();
+  showTab(0);
   QTest::keyClick(window.get(), Qt::Key_F, Qt::AltModifier);
-  EXPECT_TRUE(QTest::qWaitFor([this] { return !journal.empty(); }));
-  EXPECT_TRUE(journal.at(0).starts_with("box 52:")) << "it asks first";
-}
-
-TEST_F(TheWindow, AScreenReaderFindsReadsAndPresses) {
-  const auto access = [this](const QString& name) {
-    return QAccessible::queryAccessibleInterface(widget(name));
-  };
-  const auto expectNames = [&](const char* table) {
-    for (const QStringList& line : lines(table)) {
-      EXPECT_EQ(access(line[0])->text(QAccessible::Name), line.mid(1).join(' '));
-    }
-  };
-  expectNames("called");
-  using Action = QAccessibleActionInterface;
-  access("FolLe(6)")->actionInterface()->doAction(Action::increaseAction());
-  access("Letolt")->actionInterface()->doAction(Action::pressAction());
-  EXPECT_TRUE(QTest::qWaitFor([this] { return !lap.Esemeny.Caption.get().empty(); }));
-  lap.load.TapFel.click();
-  expectNames("then");
-  EXPECT_EQ(access("FolLe(6)")->valueInterface()->currentValue(), 25);
-  EXPECT_EQ(access("LEDsav")->valueInterface()->currentValue(), 8);
-  EXPECT_EQ(access("Picture1(0)")->role(), QAccessible::Graphic);
-}
-
-TEST(LedBar, FillsFromItsFootAndChangesColourAtItsLimits) {
-  controls::LedMeter meter;
-  LedBar bar;
-  bar.follow(meter);
-  bar.resize(20, 246);
-  // Each row: the level, then what shines at 2, 48, 52, 73, 77 and 98%: green, yellow, red.
-  for (const auto& [level, shines] :
-       {std::pair(0, "------"), {8, "g-----"}, {50, "gg----"}, {75, "ggyy--"}, {100, "ggyyrr"}}) {
-    meter.Level = level;
-    const QImage image = bar.grab().toImage();
-    std::string seen;
-    for (const int percent : {2, 48, 52, 73, 77, 98}) {
-      const QColor colour = image.pixelColor(10, 242 - percent * 240 / 100);
-      seen += "-gry"[(colour.green() > 128 ? 1 : 0) + (colour.red() > 128 ? 2 : 0)];
-    }
-    EXPECT_EQ(seen, shines) << level;
-  }
+  EXPECT_TRUE(find<QPushButton>("Letolt")->isDown()) << "pressed for a moment first";
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "desktop/main_window.h"
 #include "support/program.h"
+#include "support/rows.h"
 
 /// For the words of a failure.
 inline void PrintTo(const QString& text, std::ostream* out) {
@@ -13,6 +14,13 @@ inline void PrintTo(const QString& text, std::ostream* out) {
 }
 
 namespace monitra::support {
+
+/// The rows of a table, in words.
+inline QList<QStringList> lines(const std::string& table) {
+  QList<QStringList> found;
+  for (const Row& row : rows(table)) found << QString::fromStdString(row[0]).split(' ');
+  return found;
+}
 
 /// Counts the events of a type that an object gets from now on.
 template <QEvent::Type type>
