@@ -37,9 +37,9 @@ QHBoxLayout* flatRow(QWidget* parent = nullptr);
 QLabel* bold(QLabel* label);
 QLabel* inFont(QLabel* label, const char* family, double points, bool italic = false);
 
-/// Runs the function once: a moment behind the window's first frame, or before the widget is first
-/// shown. For what takes a good part of a start and isn't seen at once, such as a font of its own;
-/// it must leave the room that the widget asks for as it is.
+/// Runs the function once: a moment later, when the window usually has its first frame, or before
+/// the widget is first shown. For what takes a good part of a start and isn't seen at once, such as
+/// a font of its own; it must leave the room that the widget asks for as it is.
 void beforeSeen(QWidget* widget, std::function<void()> take);
 
 /// Has a function adjust the widget's palette now and at each change of the desktop's theme or of

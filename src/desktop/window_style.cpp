@@ -42,7 +42,7 @@ QColor shaded(const QPalette& palette, int share) {
           mixed(ground.blue(), text.blue())};
 }
 
-/// An area with an edge. Whatever is opaque is painted in this thread.
+/// An area with an edge. Its ground is opaque: to mix colours the toolkit would start threads.
 void drawPane(const QRect& where, const QColor& ground, const QColor& edge, QPainter& painter) {
   painter.save();
   painter.fillRect(where.adjusted(1, 1, -1, -1), ground);
