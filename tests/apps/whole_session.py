@@ -65,11 +65,18 @@ class Program:
                                         stdout=open(home / "heard", "w"))
         self.heard_file = home / "heard"
         self.root = wait_for("the program on the accessibility bus", self.application)
+        # A window says that it shows before the window manager has placed it.
+        self.wait_until_active("frame")
 
     def application(self):
         for application in self.atspi.Registry.getDesktop(0):
             if application and application.get_process_id() == self.process.pid:
                 return application
+
+    def wait_until_active(self, *roles):
+        wait_for(f"an active {roles[0]}", lambda: any(
+            window.getRoleName() in roles and window.getState().contains(self.atspi.STATE_ACTIVE)
+            for window in self.all()))
 
     def all(self, start=None):
         for child in start or self.root:
@@ -91,7 +98,13 @@ class Program:
         return next(w.name for w in self.all() if w.name.startswith(name + ": "))[len(name) + 2:]
 
     def place(self, name, *roles, down=0.5):
-        box = self.find(name, *roles).queryComponent().getExtents(self.atspi.DESKTOP_COORDS)
+        """Of its middle, once it stands still."""
+        def look():
+            box = self.find(name, *roles).queryComponent().getExtents(self.atspi.DESKTOP_COORDS)
+            still, self.last_box = box == self.last_box, box
+            return box if still else None
+        self.last_box = None
+        box = wait_for(f"{name} to stand still", look)
         return box.x + box.width // 2, box.y + int(box.height * down)
 
     def click(self, name, *roles, down=0.5):
@@ -114,15 +127,16 @@ def choose(program, *entries):
 
 
 def answer_file_dialog(program, path):
-    wait_for("the file dialog", lambda: any(w.getRoleName() in ("dialog", "file chooser")
-                                            for w in program.all()))
+    program.wait_until_active("file chooser", "dialog")
     xdotool("key", "ctrl+a")
     xdotool("type", "--delay", 1, path)
     xdotool("key", "Return")
+    program.wait_until_active("frame")
 
 
 def answer_box(program, beginning, button):
     wait_for(beginning, lambda: any(w.name.startswith(beginning) for w in program.all()))
+    program.wait_until_active("alert", "dialog")
     program.click(button, "push button", "button")  # the role's name in older and newer libraries
 
 
@@ -143,6 +157,7 @@ def upload(program):
     program.press("Feltöltés (PC-Link)")
     answer_box(program, "Setup adatatok feltöltése", "Igen")
     answer_box(program, "A feltöltés kész!", "OK")
+    program.wait_until_active("frame")
     program.expect_heard(
         "&H378 PCB V4.x: 85 0 180 45 14 18 180 45 14 18 244 91 19 29 0 5 220 2 4 255")
     report = program.value("Esemény").removeprefix("Kész: ")
@@ -172,7 +187,7 @@ def jog(program):
     xdotool("type", "500")
     program.click("Impulzus engedély")
     xdotool("mousemove", *program.place("X tengely, fel nyíl"), "mousedown", 1)
-    time.sleep(0.3)
+    wait_for("X to move", lambda: ", X 0" not in program.value("A port állapota"))
     xdotool("mouseup", 1)
     wait_for("steps of X", lambda: any(x for x, _, _ in positions()))
     xdotool("key", "Tab", "Tab", "Tab")
