@@ -99,13 +99,16 @@ class Program:
 
     def place(self, name, *roles, down=0.5):
         """Of its middle, once it stands still."""
-        def look():
+        seen = []
+
+        def still():
             box = self.find(name, *roles).queryComponent().getExtents(self.atspi.DESKTOP_COORDS)
-            still, self.last_box = box == self.last_box, box
-            return box if still else None
-        self.last_box = None
-        box = wait_for(f"{name} to stand still", look)
-        return box.x + box.width // 2, box.y + int(box.height * down)
+            seen.append((box.x, box.y, box.width, box.height))
+            return len(seen) > 1 and seen[-1] == seen[-2]
+
+        wait_for(f"{name} to stand still", still)
+        x, y, width, height = seen[-1]
+        return x + width // 2, y + int(height * down)
 
     def click(self, name, *roles, down=0.5):
         xdotool("mousemove", *self.place(name, *roles, down=down), "click", 1)
@@ -187,7 +190,7 @@ def jog(program):
     xdotool("type", "500")
     program.click("Impulzus engedély")
     xdotool("mousemove", *program.place("X tengely, fel nyíl"), "mousedown", 1)
-    wait_for("X to move", lambda: ", X 0" not in program.value("A port állapota"))
+    wait_for("X to move", lambda: re.search(", X [+-]?[1-9]", program.value("A port állapota")))
     xdotool("mouseup", 1)
     wait_for("steps of X", lambda: any(x for x, _, _ in positions()))
     xdotool("key", "Tab", "Tab", "Tab")
