@@ -118,6 +118,11 @@ void VirtualController::pause() {
   if (!message_.empty()) endMessage(Received::Kind::Unknown);
 }
 
+void VirtualController::use(const Wiring& wiring) {
+  pause();
+  wiring_ = wiring;
+}
+
 void VirtualController::restart() {
   machine_ = {};
   bits_ = 0;

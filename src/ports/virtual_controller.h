@@ -68,6 +68,9 @@ class VirtualController {
   /// So long a time has passed that what has come of a message is none.
   void pause();
 
+  /// It hangs on these pins from now on, and what has come of a message is none.
+  void use(const Wiring& wiring);
+
   /// As new: a machine at rest, and no message begun.
   void restart();
 
