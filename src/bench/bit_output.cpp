@@ -26,6 +26,7 @@ void BitOutput::Kuld_Click() {
   registers_.DlPortWritePortUchar(port_.AdatPort, static_cast<std::uint8_t>(data));
   const std::uint8_t spindle = link::mask(port_.pins().SpindleBit);
   registers_.DlPortWritePortUchar(port_.VezerloPort, portPanel_.Bitcim[8].Checked ? spindle : 0);
+  sent.raise();
 }
 
 void BitOutput::Torles_Click() {
@@ -35,6 +36,7 @@ void BitOutput::Torles_Click() {
   port_.PortCimKiir();
   registers_.DlPortWritePortUchar(port_.AdatPort, 0);
   registers_.DlPortWritePortUchar(port_.VezerloPort, 0);
+  sent.raise();
 }
 
 }  // namespace monitra::bench

@@ -18,6 +18,8 @@ class BitOutput {
   void Kuld_Click();
   void Torles_Click();
 
+  controls::Event sent;  ///< both registers have been written
+
  private:
   JogPanel& jog_;
   const link::PortPanel& portPanel_;

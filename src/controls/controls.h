@@ -229,6 +229,11 @@ struct ProgressBar {
   Property<double> Value;
 };
 
+/// A light with words beside it, which the program turns on and off.
+struct Lamp {
+  Property<bool> On;
+};
+
 /// A bar of lights from 0, which is dark, to 100. Its colour changes at the two limits.
 struct LedMeter {
   Property<int> Limit1{50};

@@ -18,6 +18,7 @@
 #include <QTabWidget>
 
 #include "desktop/jog_button.h"
+#include "desktop/lamp.h"
 #include "desktop/led_bar.h"
 #include "desktop/spin_arrows.h"
 #include "desktop/status_line.h"
@@ -193,6 +194,10 @@ void bind(QRadioButton* widget, controls::OptionButton& control) {
 void bind(JogButton* widget, controls::HoldButton& control) {
   widget->serve(control);
   mirrorEnabled(widget, control.Enabled);
+}
+
+void bind(Lamp* widget, controls::Lamp& control) {
+  mirror(control.On, [widget, &control] { widget->setOn(control.On); });
 }
 
 void bind(LedBar* widget, controls::LedMeter& control) {

@@ -19,6 +19,7 @@ class QWidget;
 namespace monitra::desktop {
 
 class JogButton;
+class Lamp;
 class LedBar;
 class SpinArrows;
 class StatusLine;
@@ -41,6 +42,7 @@ void bind(QRadioButton* widget, controls::OptionButton& control);
 void bind(JogButton* widget, controls::HoldButton& control);
 void bind(QComboBox* widget, controls::PickList& control);
 void bind(QListWidget* widget, controls::PickList& control);
+void bind(Lamp* widget, controls::Lamp& control);
 void bind(LedBar* widget, controls::LedMeter& control);
 void bind(QProgressBar* widget, controls::ProgressBar& control);
 void bind(QTabWidget* widget, controls::TabStrip& control);

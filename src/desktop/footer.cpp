@@ -38,6 +38,7 @@ Footer::Footer(const WidgetMaker& widgets) {
   rows->addLayout(names(widgets));
   rows->addLayout(port(widgets));
   rows->addWidget(widgets.make("Esemeny"));
+  rows->addLayout(lamps(widgets));
 }
 
 QHBoxLayout* Footer::names(const WidgetMaker& widgets) {
@@ -66,7 +67,19 @@ QHBoxLayout* Footer::names(const WidgetMaker& widgets) {
 QHBoxLayout* Footer::port(const WidgetMaker& widgets) {
   QHBoxLayout* const row = flatRow();
   row->addWidget(widgets.make("PortAllapot"), 1);
+  row->addWidget(widgets.make("Jelek"));
   row->addWidget(widgets.make("PortTeendo"));
+  return row;
+}
+
+QHBoxLayout* Footer::lamps(const WidgetMaker& widgets) {
+  constexpr int gap = 7;
+  QHBoxLayout* const row = flatRow();
+  row->setSpacing(gap);
+  for (const char* const name : {"MotorAram", "Maromotor", "OrajelMagas"}) {
+    row->addWidget(widgets.make(name));
+  }
+  row->addStretch();
   return row;
 }
 

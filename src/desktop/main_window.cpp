@@ -86,7 +86,10 @@ MainWindow::MainWindow(shell::Lap& lap) : lap_(lap) {
 void MainWindow::lookAfterPort() {
   constexpr std::chrono::seconds interval{1};
   auto* const watch = new QTimer(this);
-  connect(watch, &QTimer::timeout, this, [this] { lap_.showPort(); });
+  connect(watch, &QTimer::timeout, this, [this] {
+    lap_.showPort();
+    lap_.passTime();
+  });
   watch->start(interval);
 }
 

@@ -16,7 +16,9 @@
 #include "desktop/bindings.h"
 #include "desktop/boxed_label.h"
 #include "desktop/jog_button.h"
+#include "desktop/lamp.h"
 #include "desktop/led_bar.h"
+#include "desktop/narrow_button.h"
 #include "desktop/picture.h"
 #include "desktop/spin_arrows.h"
 #include "desktop/status_line.h"
@@ -59,6 +61,8 @@ QWidget* newWidget(Kind kind) {
       return new SpinArrows;
     case Kind::CheckBox:
       return new QCheckBox;
+    case Kind::NarrowButton:
+      return new NarrowButton;
     case Kind::PushButton:
     case Kind::ToggleButton:
       return new QPushButton;
@@ -74,6 +78,8 @@ QWidget* newWidget(Kind kind) {
       return new QProgressBar;
     case Kind::LedMeter:
       return new LedBar;
+    case Kind::Lamp:
+      return new Lamp;
     case Kind::TabStrip:
       return new QTabWidget;
   }
@@ -97,6 +103,7 @@ struct Binder {
   void operator()(controls::PickList* control) const { bindAs<QComboBox, QListWidget>(*control); }
   void operator()(controls::ProgressBar* control) const { bindAs<QProgressBar>(*control); }
   void operator()(controls::LedMeter* control) const { bindAs<LedBar>(*control); }
+  void operator()(controls::Lamp* control) const { bindAs<Lamp>(*control); }
   void operator()(controls::Frame* control) const { bindAs<QGroupBox>(*control); }
   void operator()(controls::TabStrip* control) const { bindAs<QTabWidget>(*control); }
   void operator()(controls::Line* /*drawn*/) const {}
@@ -157,6 +164,16 @@ void nameForScreenReader(QWidget* widget, const ControlDescription& entry, int i
   shown->Caption.observe(rename);
 }
 
+/// A lamp is called by its words and by how it is.
+void nameLamp(QWidget* widget, controls::Lamp& lamp) {
+  const auto rename = [widget, name = widget->accessibleName(), &lamp] {
+    widget->setAccessibleName(name +
+                              (lamp.On ? QStringLiteral(": ég") : QStringLiteral(": nem ég")));
+  };
+  rename();
+  lamp.On.observe(rename);
+}
+
 }  // namespace
 
 QWidget* WidgetMaker::makeWidget(std::string_view name, int index) const {
@@ -171,6 +188,7 @@ QWidget* WidgetMaker::makeWidget(std::string_view name, int index) const {
   std::visit(Binder{widget}, control);
   if (labelOf(control) == nullptr) giveCaption(widget, entry);
   nameForScreenReader(widget, entry, index, control);
+  if (auto* const* const lamp = std::get_if<controls::Lamp*>(&control)) nameLamp(widget, **lamp);
   return widget;
 }
 

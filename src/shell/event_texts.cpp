@@ -1,7 +1,9 @@
 #include "shell/event_texts.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
+#include <cstdio>
 #include <ratio>
 
 #include "store/pwm_format.h"
@@ -128,6 +130,19 @@ std::string cutShortText() {
 
 std::string nothingSentText() {
   return "Nem ment ki semmi, mert nincs használható port. A port sora megmondja, miért.";
+}
+
+std::string bitsSentText(std::int32_t data, std::int32_t control, std::uint16_t levels,
+                         bool spindleRuns) {
+  std::array<char, 80> text{};
+  std::snprintf(text.data(), text.size(), "Kiment: &H%X = %02Xh, &H%X = %02Xh; a marómotor %s",
+                static_cast<unsigned>(data), levels & 0xFFU, static_cast<unsigned>(control),
+                static_cast<unsigned>(levels) >> 8U, spindleRuns ? "be" : "ki");
+  return text.data();
+}
+
+std::string halfSentText() {
+  return "A port közben eltűnt, nem ment ki minden bit. Küldje ki újra!";
 }
 
 std::string generatorText(int interval) {

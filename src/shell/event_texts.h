@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "controls/controls.h"
@@ -39,6 +40,13 @@ std::string adjustedText(int values);
 std::string sentText(const link::LineTiming& timing);
 std::string cutShortText();
 std::string nothingSentText();
+
+/// The bits have gone out on a port with these registers, whose pins now have these levels: those
+/// of the data register in the lower byte, those of the control register in the upper one. Or only
+/// one of the two registers could be written.
+std::string bitsSentText(std::int32_t data, std::int32_t control, std::uint16_t levels,
+                         bool spindleRuns);
+std::string halfSentText();
 
 /// The pulse generator runs with this interval in milliseconds; 0: it never ticks.
 std::string generatorText(int interval);

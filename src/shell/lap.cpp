@@ -27,16 +27,17 @@ store::FileOutside fileOutside(const Outside& outside) {
 
 Lap::Lap(Outside outside)
     : outside_(std::move(outside)),
+      recorder_(outside_.registers, outside_.ports, outside_.sleeper),
       preferences_(outside_.settings, outside_.program.EXEName),
       timingFields_(kozos, setup),
       editions_(kozos, setup, timingFields_, outside_.box),
       holding_(kozos, setup, timingFields_, outside_.Beep),
       tuningFields_(setup),
       port_(port, [this](link::Pcb pcb) { preferences_.saveBoard(pcb == link::Pcb::V4x); }),
-      line_(port_, outside_.registers, outside_.sleeper),
+      line_(port_, recorder_, outside_.sleeper),
       frames_(line_),
-      generator_(jog, port, port_, outside_.registers),
-      bitOutput_(bits, jog, port, port_, outside_.registers),
+      generator_(jog, port, port_, recorder_),
+      bitOutput_(bits, jog, port, port_, recorder_),
       loadTest_(load, phases, frames_, outside_.Beep),
       phaseTest_(phases, loadTest_, frames_),
       upload_(setup, line_, outside_.box),
@@ -52,6 +53,11 @@ Lap::Lap(Outside outside)
   PortTeendo.Click.handle([this] { PortTeendo_Click(); });
   line_.inMessage = [this](bool begins) { inMessage(begins); };
   outside_.ports.changed = [this] { showPort(); };
+  recorder_.changed = [this] { showLamps(); };
+  port.PCBV.Caption.observe([this] {
+    recorder_.use(port_.pcb());
+    showLamps();
+  });
 }
 
 void Lap::bindMenus() {
@@ -68,6 +74,7 @@ void Lap::bindBench() {
     const int interval = jog.Timer1.Interval;
     Esemeny.show(interval > 0 ? Status::Plain : Status::Warning, generatorText(interval));
   });
+  bitOutput_.sent.handle([this] { tellBitsSent(); });
   loadTest_.begun.handle([this] { Esemeny.clear(); });
   loadTest_.refused.handle(
       [this] { Esemeny.show(Status::Warning, missingPermitText(load.TulH.Checked)); });
@@ -94,7 +101,10 @@ void Lap::Form_Load() {
   line_.SorosAlap();
   editions_.MBKTarso_Click();
   marks.saved();
-  port.LPT.ListIndex.observe([this] { showPort(); });
+  port.LPT.ListIndex.observe([this] {
+    showPort();
+    showLamps();
+  });
   showPort();
   Esemeny.show(Status::Warning, preferencesText(preferences_.standing()));
 }
@@ -143,6 +153,8 @@ void Lap::switchMotorsOff() {
 
 void Lap::inMessage(bool begins) {
   outside_.ports.markMessage(begins);
+  inMessage_ = begins;
+  showLamps();
   if (begins) {
     // What was cut short may have left the clock high, and the next bit would be lost.
     if (cutShort_) line_.SorosAlap();
@@ -198,6 +210,36 @@ void Lap::tellUploaded() {
     Esemeny.show(Status::Fault, vanished < link::uploadWrites ? cutShortText() : nothingSentText());
   }
   uploaded.raise();
+}
+
+void Lap::tellBitsSent() {
+  const std::int32_t data = port_.AdatPort;
+  const std::int32_t control = port_.VezerloPort;
+  const wire::Trace& trace = recorder_.trace(data);
+  const bool all = recorder_.wentOut(data) && recorder_.wentOut(control);
+  if (!all) {
+    const bool none = !recorder_.wentOut(data) && !recorder_.wentOut(control);
+    return Esemeny.show(Status::Fault, none ? nothingSentText() : halfSentText());
+  }
+  const bool spins = trace.machine().spindle.value_or(false);
+  Esemeny.show(spins ? Status::Warning : Status::Plain,
+               bitsSentText(data, control, trace.levels(), spins));
+}
+
+void Lap::showLamps() {
+  // In a message the clock is high by turns, and what the bytes come to is not known yet.
+  if (inMessage_) return;
+  bool energised = false;
+  bool spins = false;
+  for (const std::int32_t entry : wire::Recorder::ports) {
+    const ports::Machine& machine = recorder_.trace(entry).machine();
+    energised = energised || machine.loadPercent() > 0;
+    spins = spins || machine.spindle.value_or(false);
+  }
+  const wire::Trace& selected = recorder_.trace(selectedAddress());
+  MotorAram.On = energised;
+  Maromotor.On = spins;
+  OrajelMagas.On = (selected.levels() & wire::wireMask(selected.layout().lines.clock)) != 0;
 }
 
 void Lap::openSetup() {

@@ -34,6 +34,7 @@
 #include "timing/setup_panel.h"
 #include "timing/timing_fields.h"
 #include "timing/tuning_fields.h"
+#include "wire/recorder.h"
 
 namespace monitra::shell {
 
@@ -122,7 +123,21 @@ class Lap {
   controls::PushButton PortTeendo;
   controls::StatusLabel Esemeny;
 
+  /// What stands on the pins, by the levels that went out in this run and for as long as nothing
+  /// else has: a winding is on, or the router's relay, on any port; the clock of the selected
+  /// port's serial line is high, so that the next message would arrive shifted.
+  controls::Lamp MotorAram;
+  controls::Lamp Maromotor;
+  controls::Lamp OrajelMagas;
+
+  controls::PushButton Jelek;  ///< for a window that shows what went out
+
   SetupMarks marks{setup, kozos};
+
+  /// What has gone out, and what a controller makes of it.
+  const wire::Recorder& recorder() const { return recorder_; }
+  /// To be called about once a second: the records go on, with nothing going out, up to now.
+  void passTime() { recorder_.pass(); }
 
   /// An upload's last byte is out and Esemeny tells it; the box at its end has not come up yet.
   controls::Event uploaded;
@@ -131,6 +146,8 @@ class Lap {
   void bindMenus();
   void bindBench();
   void tellUploaded();
+  void tellBitsSent();
+  void showLamps();
   /// Once more from the beginning if the port went away meanwhile and has come back.
   void switchMotorsOff();
   /// A message begins or has ended; one that was cut short before it leaves the line to be idled.
@@ -140,6 +157,7 @@ class Lap {
   void loadInfo();
 
   Outside outside_;
+  wire::Recorder recorder_;
   store::Preferences preferences_;
   timing::TimingFields timingFields_;
   timing::Editions editions_;
@@ -159,6 +177,7 @@ class Lap {
   long vanishedBefore_ = 0;   ///< the upload
   long vanishedAtBegin_ = 0;  ///< of the last message
   bool cutShort_ = false;     ///< it didn't all go out
+  bool inMessage_ = false;
   bool ended_ = false;
 };
 

@@ -14,8 +14,8 @@ using AnyControl =
     std::variant<std::monostate, controls::Label*, controls::StatusLabel*, controls::TextBox*,
                  controls::SpinButton*, controls::CheckBox*, controls::PushButton*,
                  controls::HoldButton*, controls::ToggleButton*, controls::OptionButton*,
-                 controls::PickList*, controls::ProgressBar*, controls::LedMeter*, controls::Frame*,
-                 controls::Line*, controls::MenuEntry*, controls::TabStrip*>;
+                 controls::PickList*, controls::ProgressBar*, controls::LedMeter*, controls::Lamp*,
+                 controls::Frame*, controls::Line*, controls::MenuEntry*, controls::TabStrip*>;
 
 /// The control of this name, or element of a control array, in the panels of the Lap, which must
 /// outlive it.

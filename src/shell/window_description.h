@@ -20,6 +20,7 @@ enum class Kind {
   SpinButton,
   CheckBox,
   PushButton,
+  NarrowButton,  ///< a push button no wider than its words
   HoldButton,
   ToggleButton,
   OptionButton,
@@ -27,6 +28,7 @@ enum class Kind {
   ListBox,
   ProgressBar,
   LedMeter,
+  Lamp,
   TabStrip,
 };
 

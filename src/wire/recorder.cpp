@@ -4,7 +4,6 @@
 #include <cassert>
 
 #include "ports/port_driver.h"
-#include "ports/printer_ports.h"
 
 namespace monitra::wire {
 
@@ -12,7 +11,7 @@ namespace {
 
 constexpr int bitsOfRegister = 8;
 constexpr Levels dataWires = 0x00FF;
-constexpr Levels controlWires = ports::controlLines << bitsOfRegister;
+constexpr Levels controlWires = monitra::ports::controlLines << bitsOfRegister;
 
 }  // namespace
 
@@ -21,9 +20,9 @@ Recorder::Recorder(platform::PortRegisters& registers, const platform::PortState
     : registers_(registers),
       states_(states),
       sleeper_(sleeper),
-      ports_{Port{ports::entryAddresses[0], Trace(boardLayout(link::Pcb::V4x))},
-             Port{ports::entryAddresses[1], Trace(boardLayout(link::Pcb::V4x))},
-             Port{ports::entryAddresses[2], Trace(boardLayout(link::Pcb::V4x))}} {}
+      ports_{Port{ports[0], Trace(boardLayout(link::Pcb::V4x))},
+             Port{ports[1], Trace(boardLayout(link::Pcb::V4x))},
+             Port{ports[2], Trace(boardLayout(link::Pcb::V4x))}} {}
 
 std::uint8_t Recorder::DlPortReadPortUchar(std::int32_t address) {
   return registers_.DlPortReadPortUchar(address);
@@ -32,22 +31,42 @@ std::uint8_t Recorder::DlPortReadPortUchar(std::int32_t address) {
 void Recorder::DlPortWritePortUchar(std::int32_t address, std::uint8_t value) {
   const long vanished = states_.vanished();
   registers_.DlPortWritePortUchar(address, value);
-  if (states_.vanished() == vanished) note(address, value);
+  Levels wires = 0;
+  const std::size_t which = portOf(address, wires);
+  if (which == ports_.size()) return;
+  Port& port = ports_[which];
+  if (states_.vanished() != vanished) {
+    port.reached &= static_cast<Levels>(~wires);
+  } else {
+    port.reached |= wires;
+    note(port, wires, value);
+  }
 }
 
-void Recorder::note(std::int32_t address, std::uint8_t value) {
-  for (Port& port : ports_) {
-    const bool isData = address == port.address;
-    if (!isData && address != port.address + ports::controlOffset) continue;
-    Trace& trace = port.trace;
-    const Levels wires = isData ? dataWires : controlWires;
-    const auto shifted = static_cast<Levels>(isData ? value : value << bitsOfRegister);
-    const auto levels = static_cast<Levels>((trace.levels() & ~wires) | (shifted & wires));
-    const bool moves = (trace.known() & wires) == 0 || levels != trace.levels();
-    trace.take(sleeper_.now(), levels, trace.known() | wires);
-    if (moves && changed) changed();
-    return;
+std::size_t Recorder::portOf(std::int32_t address, Levels& wires) const {
+  std::size_t which = 0;
+  for (; which < ports_.size(); ++which) {
+    const std::int32_t data = ports_[which].address;
+    if (address == data) wires = dataWires;
+    if (address == data + monitra::ports::controlOffset) wires = controlWires;
+    if (wires != 0) break;
   }
+  return which;
+}
+
+void Recorder::note(Port& port, Levels wires, std::uint8_t value) {
+  Trace& trace = port.trace;
+  const auto shifted = static_cast<Levels>(wires == dataWires ? value : value << bitsOfRegister);
+  const auto levels = static_cast<Levels>((trace.levels() & ~wires) | (shifted & wires));
+  const bool moves = (trace.known() & wires) == 0 || levels != trace.levels();
+  trace.take(sleeper_.now(), levels, trace.known() | wires);
+  if (moves && changed) changed();
+}
+
+bool Recorder::wentOut(std::int32_t address) const {
+  Levels wires = 0;
+  const std::size_t which = portOf(address, wires);
+  return which < ports_.size() && (ports_[which].reached & wires) != 0;
 }
 
 void Recorder::use(link::Pcb pcb) {

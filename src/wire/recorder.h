@@ -14,6 +14,9 @@ namespace monitra::wire {
 /// write that no port has taken did not go out.
 class Recorder : public platform::PortRegisters {
  public:
+  /// The data registers of the ports.
+  static constexpr std::array<std::int32_t, 3> ports{0x378, 0x278, 0x3BC};
+
   /// All must outlive it; the sleeper gives the time.
   Recorder(platform::PortRegisters& registers, const platform::PortStates& states,
            const platform::Sleeper& sleeper);
@@ -27,7 +30,10 @@ class Recorder : public platform::PortRegisters {
   /// Up to now nothing else has gone out; room ahead is made.
   void pass();
 
-  /// Of the port with this data register, one of &H378, &H278 and &H3BC.
+  /// Whether the last write to this register went out.
+  bool wentOut(std::int32_t address) const;
+
+  /// Of the port with this data register.
   const Trace& trace(std::int32_t dataAddress) const;
 
   /// Called behind each write that has changed a level.
@@ -37,13 +43,16 @@ class Recorder : public platform::PortRegisters {
   struct Port {
     std::int32_t address;
     Trace trace;
+    Levels reached = 0;  ///< wires of the registers whose last write went out
   };
-  void note(std::int32_t address, std::uint8_t value);
+  /// Which port a register belongs to, and the wires of the register; behind all if there is none.
+  std::size_t portOf(std::int32_t address, Levels& wires) const;
+  void note(Port& port, Levels wires, std::uint8_t value);
 
   platform::PortRegisters& registers_;
   const platform::PortStates& states_;
   const platform::Sleeper& sleeper_;
-  std::array<Port, 3> ports_;
+  std::array<Port, ports.size()> ports_;
 };
 
 }  // namespace monitra::wire

@@ -30,12 +30,16 @@ struct LapWorld : SetupWorld {
     dialog.path.reset();
     action->act(i);
     if (!ended) tick();
-    Journal seen = decoded(journal, v4x ? 0x80 : 0x04);
+    Journal seen = decoded(journal, clock());
     // Without boxes, dialogs and preferences, which have a word ahead of a blank.
     std::erase_if(seen, [](auto& entry) { return entry.find(' ') < 5 && entry[0] > '9'; });
     const testing::AssertionResult right = same(seen, expected);
     check(right && !ports.inMessage && !registers.punctual, right.message());
-    check(wasOn == on || lap.Esemeny.Caption.get().empty() != on, "what is told of the generator");
+    const bool toldNothing = lap.Esemeny.Caption.get().empty();
+    check(wasOn == on || toldNothing == (!on && line[0] != 'B'), "what is told of the generator");
+    check(lap.Maromotor.On == !running.empty(), "the router's lamp");
+    check(lap.OrajelMagas.On == (written.contains(selected) && (levels[selected] & clock()) != 0),
+          "the clock's lamp");
     checkSetup();
     checkTests();
   }
@@ -60,10 +64,16 @@ struct LapWorld : SetupWorld {
   void put(int address, int value) {
     expected.push_back("w" + hex(address) + "=" + hex(value));
     levels[address] = static_cast<std::uint8_t>(value);
+    written.insert(address);
+    if ((address & 2) != 0)
+      (value & 2) != 0 ? running.erase(address) : running.insert(address).second;
   }
+  int clock() const { return v4x ? 0x80 : 0x04; }
   void send(const std::string& bytes) {
     const bool goesOn = std::isdigit(expected.back()[0]);
     goesOn ? void(expected.back() += " " + bytes) : expected.push_back(bytes);
+    levels[selected] = static_cast<std::uint8_t>(levels[selected] & ~clock());
+    written.insert(selected);
   }
   /// In milliseconds; at a tie the even one.
   double interval() const { return std::nearbyint(1 / Ertek(rate) * 1000); }
@@ -203,7 +213,7 @@ struct LapWorld : SetupWorld {
   bool on = false, spindle = false, v4x = true, ended = false;
   std::string rate = "100", text;
   int selected = 0x378, used = 0;  ///< data registers; that of control bits is 2 higher
-  std::set<int> held, flags;
+  std::set<int> held, flags, written{0x378}, running;
   std::map<std::int32_t, std::uint8_t> levels{{0x378, 0x5A}, {0x37A, 0xFD}, {0x27A, 0xF0}};
   Journal expected;
 };
