@@ -16,6 +16,8 @@
 #include <QSignalBlocker>
 #include <QTabBar>
 #include <QTabWidget>
+#include <memory>
+#include <utility>
 
 #include "desktop/jog_button.h"
 #include "desktop/led_bar.h"
@@ -29,20 +31,21 @@ namespace {
 
 /// Shows a property now and after each of its changes.
 template <class Property, class Show>
-void mirror(Property& property, Show show) {
+void mirror(QObject* viewer, Property& property, Show show) {
   show();
-  property.observe(show);
+  keep(viewer, property.observe(show));
 }
 
 void mirrorEnabled(QWidget* widget, controls::Property<bool>& enabled) {
-  mirror(enabled, [widget, &enabled] { widget->setEnabled(enabled); });
+  mirror(widget, enabled, [widget, &enabled] { widget->setEnabled(enabled); });
 }
 
 /// Entries and selection of a list widget of either kind.
 template <class List>
 void mirrorList(List* widget, controls::PickList& control, void (List::*show)(int)) {
   for (const auto& item : control.Items) widget->addItem(toQt(item));
-  mirror(control.ListIndex, [widget, &control, show] { (widget->*show)(control.ListIndex); });
+  mirror(widget, control.ListIndex,
+         [widget, &control, show] { (widget->*show)(control.ListIndex); });
   mirrorEnabled(widget, control.Enabled);
 }
 
@@ -51,7 +54,7 @@ void mirrorList(List* widget, controls::PickList& control, void (List::*show)(in
 template <class Control>
 void bindChecked(QAbstractButton* widget, Control& control, controls::Property<bool>& value) {
   const auto show = [widget, &value] { widget->setChecked(value); };
-  mirror(value, show);
+  mirror(widget, value, show);
   QObject::connect(widget, &QAbstractButton::toggled, widget, [&control, &value, show](bool on) {
     if (on != value) control.click();
     show();
@@ -76,7 +79,7 @@ void mirrorColour(QWidget* widget, controls::Property<controls::Colour>& colour,
     widget->setPalette(colours);
   };
   if (isSet()) show();
-  colour.observe(show);
+  keep(widget, colour.observe(show));
 }
 
 /// Calls a function each time the watched widget gets the focus.
@@ -99,8 +102,14 @@ class FocusWatch : public QObject {
 
 }  // namespace
 
+void keep(QObject* owner, controls::Observation observation) {
+  // Shared because the toolkit may copy what it calls.
+  auto kept = std::make_shared<controls::Observation>(std::move(observation));
+  QObject::connect(owner, &QObject::destroyed, owner, [kept] { *kept = {}; });
+}
+
 void bind(QWidget* window, controls::Form& form) {
-  mirror(form.Caption, [window, &form] {
+  mirror(window, form.Caption, [window, &form] {
     // Qt would take a single "[*]" in a file's name for its own mark.
     window->setWindowTitle(toQt(form.Caption.get()).replace("[*]", "[*][*]"));
   });
@@ -108,24 +117,26 @@ void bind(QWidget* window, controls::Form& form) {
 
 void bind(QLabel* widget, controls::Label& control) {
   widget->setTextFormat(Qt::PlainText);
-  mirror(control.Caption, [widget, &control] { widget->setText(toQt(control.Caption.get())); });
+  mirror(widget, control.Caption,
+         [widget, &control] { widget->setText(toQt(control.Caption.get())); });
   // A label without a parent yet would be shown as a window of its own.
   if (!control.Visible) widget->hide();
-  control.Visible.observe([widget, &control] { widget->setVisible(control.Visible); });
+  keep(widget,
+       control.Visible.observe([widget, &control] { widget->setVisible(control.Visible); }));
   mirrorColour(widget, control.BackColor, QPalette::Window);
   mirrorEnabled(widget, control.Enabled);
 }
 
 void bind(StatusLine* widget, controls::StatusLabel& control) {
   bind(static_cast<QLabel*>(widget), static_cast<controls::Label&>(control));
-  mirror(control.Caption, [widget, &control] { widget->setKind(control.Kind); });
+  mirror(widget, control.Caption, [widget, &control] { widget->setKind(control.Kind); });
 }
 
 void bind(QLineEdit* widget, controls::TextBox& control) {
   // A file dropped here is meant for the window.
   widget->setAcceptDrops(false);
   widget->setReadOnly(control.Locked);
-  mirror(control.Text, [widget, &control] {
+  mirror(widget, control.Text, [widget, &control] {
     const QString text = toQt(control.Text.get());
     if (widget->text() != text) widget->setText(text);
   });
@@ -142,20 +153,22 @@ void bind(QLineEdit* widget, controls::TextBox& control) {
 
 void bind(QPlainTextEdit* widget, controls::TextBox& control) {
   widget->setReadOnly(true);
-  mirror(control.Text, [widget, &control] { widget->setPlainText(linesToQt(control.Text.get())); });
+  mirror(widget, control.Text,
+         [widget, &control] { widget->setPlainText(linesToQt(control.Text.get())); });
   mirrorEnabled(widget, control.Enabled);
 }
 
 void bind(SpinArrows* widget, controls::SpinButton& control) {
   widget->setRange(control.Value.min(), control.Value.max());
-  mirror(control.Value, [widget, &control] { widget->setValue(control.Value); });
+  mirror(widget, control.Value, [widget, &control] { widget->setValue(control.Value); });
   mirrorEnabled(widget, control.Enabled);
   QObject::connect(widget, &SpinArrows::upPressed, widget, [&control] { control.pressUp(); });
   QObject::connect(widget, &SpinArrows::downPressed, widget, [&control] { control.pressDown(); });
 }
 
 void bind(QCheckBox* widget, controls::CheckBox& control) {
-  mirror(control.Caption, [widget, &control] { widget->setText(toQt(control.Caption.get())); });
+  mirror(widget, control.Caption,
+         [widget, &control] { widget->setText(toQt(control.Caption.get())); });
   bindChecked(widget, control, control.Checked);
   mirrorEnabled(widget, control.Enabled);
 }
@@ -182,7 +195,7 @@ void bind(QPushButton* widget, controls::ToggleButton& control) {
 }
 
 void bind(QRadioButton* widget, controls::OptionButton& control) {
-  mirror(control.Value, [widget, &control] { widget->setChecked(control.Value); });
+  mirror(widget, control.Value, [widget, &control] { widget->setChecked(control.Value); });
   mirrorEnabled(widget, control.Enabled);
   // The toolkit unchecks the one selected before by itself; the control follows on its own.
   QObject::connect(widget, &QRadioButton::toggled, widget, [&control](bool checked) {
@@ -220,11 +233,12 @@ void bind(QListWidget* widget, controls::PickList& control) {
 void bind(QProgressBar* widget, controls::ProgressBar& control) {
   widget->setRange(0, 100);
   // setValue paints at once, also while the thread is blocked and no paint event can come.
-  mirror(control.Value, [widget, &control] { widget->setValue(static_cast<int>(control.Value)); });
+  mirror(widget, control.Value,
+         [widget, &control] { widget->setValue(static_cast<int>(control.Value)); });
 }
 
 void bind(QTabWidget* widget, controls::TabStrip& control) {
-  mirror(control.Tab, [widget, &control] { widget->setCurrentIndex(control.Tab); });
+  mirror(widget, control.Tab, [widget, &control] { widget->setCurrentIndex(control.Tab); });
   widget->tabBar()->setFocusPolicy(Qt::StrongFocus);
   new FocusWatch(widget->tabBar(), [&control] { control.GotFocus.raise(); });
   QObject::connect(widget, &QTabWidget::currentChanged, widget, [widget, &control](int index) {
@@ -237,14 +251,14 @@ void bind(QTabWidget* widget, controls::TabStrip& control) {
 }
 
 void bind(QAction* action, controls::MenuEntry& control) {
-  mirror(control.Enabled, [action, &control] { action->setEnabled(control.Enabled); });
+  mirror(action, control.Enabled, [action, &control] { action->setEnabled(control.Enabled); });
   QObject::connect(action, &QAction::triggered, action, [&control] { control.click(); });
 }
 
 void bindChecked(QAction* action, controls::MenuEntry& control) {
   action->setCheckable(true);
   const auto show = [action, &control] { action->setChecked(control.Checked); };
-  mirror(control.Checked, show);
+  mirror(action, control.Checked, show);
   bind(action, control);
   // A click on the checked entry unchecks the action by itself.
   QObject::connect(action, &QAction::triggered, action, show);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/controls.h"
+#include "controls/observation.h"
 
 class QAction;
 class QCheckBox;
@@ -9,6 +10,7 @@ class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
+class QObject;
 class QPlainTextEdit;
 class QProgressBar;
 class QPushButton;
@@ -23,9 +25,12 @@ class LedBar;
 class SpinArrows;
 class StatusLine;
 
+/// Keeps an observation for as long as the object lives, to which its view refers.
+void keep(QObject* owner, controls::Observation observation);
+
 /// Each binds a widget to a control: the widget shows the control's present state at once and
-/// follows every change, and what the user does goes to the control's method. The widget must
-/// live until the last change of the control, the control as long as the widget.
+/// follows every change, and what the user does goes to the control's method. The widget may
+/// end at any time, the control must live as long as the widget.
 
 void bind(QWidget* window, controls::Form& form);
 void bind(QLabel* widget, controls::Label& control);

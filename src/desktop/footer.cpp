@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include "desktop/bindings.h"
 #include "desktop/text.h"
 #include "desktop/widgets.h"
 
@@ -23,7 +24,7 @@ QLabel* markLabel(const WidgetMaker& widgets, std::string_view name,
     label->setAccessibleName(mark.isEmpty() ? spoken : spoken + QStringLiteral(": ") + mark);
   };
   show();
-  marks.observe(show);
+  keep(label, marks.observe(show));
   setTextColour(label, warningOnLight, warningOnDark);
   label->setAlignment(Qt::AlignRight);
   return label;

@@ -8,6 +8,7 @@
 #include <QStylePainter>
 #include <QWindow>
 
+#include "desktop/bindings.h"
 #include "desktop/widgets.h"
 
 namespace monitra::desktop {
@@ -73,6 +74,10 @@ JogButton::JogButton(QWidget* parent) : QWidget(parent) {
   connect(qApp, &QGuiApplication::focusWindowChanged, this, [this] { release(); });
 }
 
+JogButton::~JogButton() {
+  release();
+}
+
 void JogButton::setArrow(Qt::ArrowType arrow, int side) {
   arrow_ = arrow;
   setFixedSize(side, side);
@@ -80,7 +85,7 @@ void JogButton::setArrow(Qt::ArrowType arrow, int side) {
 
 void JogButton::serve(controls::HoldButton& control) {
   control_ = &control;
-  control.Held.observe([this] { showHeld(); });
+  keep(this, control.Held.observe([this] { showHeld(); }));
 }
 
 void JogButton::showHeld() {

@@ -10,8 +10,8 @@ namespace monitra::desktop {
 /// An arrow that acts while a button of the mouse or the space bar holds it; dragging the mouse
 /// away doesn't let it go. It comes up as soon as nobody can be sure that it is still held: at the
 /// loss of the focus or of the mouse grab, at a dialog, at any key, and when its window is left,
-/// minimised, hidden or closed. Several of these come together, so that none of them is relied on
-/// alone.
+/// minimised, hidden or closed, or ends. Several of these come together, so that none of them is
+/// relied on alone.
 ///
 /// A window manager can swallow the release of a key. So a press of the space bar holds it for a
 /// moment only, and behind it each repetition of the same press does: a short move, a pause, then
@@ -27,11 +27,13 @@ class JogButton : public QWidget {
   static constexpr int keyMilliseconds = 150;
 
   explicit JogButton(QWidget* parent = nullptr);
+  /// It comes up first.
+  ~JogButton() override;
 
   /// The direction of its arrow, and the length of its side in pixels.
   void setArrow(Qt::ArrowType arrow, int side);
 
-  /// The control must outlive it, and not change after it.
+  /// The control must outlive it.
   void serve(controls::HoldButton& control);
 
   /// Holds it for as long as one press of the space bar does, where the user can see and reach it:

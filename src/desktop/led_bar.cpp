@@ -3,6 +3,8 @@
 #include <QAccessible>
 #include <QPainter>
 
+#include "desktop/bindings.h"
+
 namespace monitra::desktop {
 
 namespace {
@@ -24,12 +26,13 @@ LedBar::LedBar(QWidget* parent) : QWidget(parent) {
 void LedBar::follow(controls::LedMeter& meter) {
   meter_ = &meter;
   for (auto* property : {&meter.Level, &meter.Limit1, &meter.Limit2}) {
-    property->observe([this] { update(); });
+    keep(this, property->observe([this] { update(); }));
   }
-  meter.Level.observe([this] {
+  const auto speak = [this] {
     QAccessibleValueChangeEvent changed(this, level());
     QAccessible::updateAccessibility(&changed);
-  });
+  };
+  keep(this, meter.Level.observe(speak));
 }
 
 void LedBar::paintEvent(QPaintEvent* /*event*/) {

@@ -14,7 +14,7 @@ class LedBar : public QWidget {
 
   explicit LedBar(QWidget* parent = nullptr);
 
-  /// The control must outlive it, and not change after it.
+  /// The control must outlive it.
   void follow(controls::LedMeter& meter);
 
   /// From 0 to full.

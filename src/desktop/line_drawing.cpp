@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QPainter>
 
+#include "desktop/bindings.h"
 #include "desktop/widgets.h"
 #include "shell/window_controls.h"
 
@@ -15,7 +16,7 @@ LineDrawing::LineDrawing(const WidgetMaker& widgets, const Content& content, dou
     const shell::AnyControl control = shell::controlOf(widgets.lap(), line.name);
     auto* const* const found = std::get_if<controls::Line*>(&control);
     lines_.push_back({line, found != nullptr ? *found : nullptr});
-    if (found != nullptr) (*found)->Visible.observe([this] { update(); });
+    if (found != nullptr) keep(this, (*found)->Visible.observe([this] { update(); }));
   }
   for (const auto& words : content.labels) {
     auto* const label = widgets.make<QLabel>(words.name, words.index);

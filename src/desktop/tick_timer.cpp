@@ -6,6 +6,8 @@
 #include <sys/timerfd.h>
 #include <unistd.h>
 
+#include "desktop/bindings.h"
+
 namespace monitra::desktop {
 
 namespace {
@@ -31,8 +33,8 @@ TickTimer::TickTimer(controls::Timer& control, QObject* parent)
   if (clock_ < 0) qFatal("timerfd_create failed");
   auto* const notifier = new QSocketNotifier(clock_, QSocketNotifier::Read, this);
   connect(notifier, &QSocketNotifier::activated, this, [this] { tick(); });
-  control_.Enabled.observe([this] { restart(); });
-  control_.Interval.observe([this] { restart(); });
+  keep(this, control_.Enabled.observe([this] { restart(); }));
+  keep(this, control_.Interval.observe([this] { restart(); }));
   restart();
 }
 

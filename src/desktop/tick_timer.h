@@ -32,7 +32,7 @@ class TickSchedule {
 
 /// Ticks a timer control from the event loop, by the kernel's clock and not by the toolkit's
 /// timers, which count in whole milliseconds and fall behind at such intervals.
-/// The control must outlive it, and not change after it.
+/// The control must outlive it.
 class TickTimer : public QObject {
  public:
   explicit TickTimer(controls::Timer& control, QObject* parent = nullptr);

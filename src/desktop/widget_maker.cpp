@@ -154,7 +154,7 @@ void nameForScreenReader(QWidget* widget, const ControlDescription& entry, int i
     widget->setAccessibleName(text.isEmpty() ? name : head + text);
   };
   rename();
-  shown->Caption.observe(rename);
+  keep(widget, shown->Caption.observe(rename));
 }
 
 }  // namespace

@@ -94,7 +94,7 @@ void Lap::Form_Load() {
   line_.SorosAlap();
   editions_.MBKTarso_Click();
   marks.saved();
-  port.LPT.ListIndex.observe([this] { showPort(); });
+  selection_ = port.LPT.ListIndex.observe([this] { showPort(); });
   showPort();
   Esemeny.show(Status::Warning, preferencesText(preferences_.standing()));
 }

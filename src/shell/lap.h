@@ -160,6 +160,7 @@ class Lap {
   long vanishedAtBegin_ = 0;  ///< of the last message
   bool cutShort_ = false;     ///< it didn't all go out
   bool ended_ = false;
+  controls::Observation selection_;  ///< of the port
 };
 
 }  // namespace monitra::shell

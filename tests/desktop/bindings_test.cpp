@@ -241,6 +241,7 @@ struct Bindings : testing::Test, support::Program {
 
 TEST_F(Bindings, EveryControlIsAsDescribedShowsItsModelAndTellsItWhatTheUserDoes) {
   for (int n = 0; n < 9; ++n) lap.port.Bitcim[n].Caption = std::to_string(n);
+  MainWindow(lap).show();  // what it observed changes below, and it has gone
   window.show();
   for (const bool started : {false, true}) {
     if (started) lap.Form_Load();

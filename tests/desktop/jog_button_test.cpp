@@ -146,6 +146,9 @@ TEST_F(JogButtons, OneLooksHeldWhileItIsAndPointsWhereItMoves) {
     const auto light = [&](QPoint at) { return image.pixelColor(middle + at).lightness(); };
     EXPECT_LT(light(heads[i]) + 100, light(-heads[i])) << i << ": head and beside the stem";
   }
+  EXPECT_TRUE(held());
+  window.reset();
+  EXPECT_FALSE(held()) << "nobody could let it go any more";
 }
 
 TEST(TickSchedule, KeepsToItsGridAndMakesUpALateTickWithoutABurst) {

@@ -18,7 +18,7 @@ struct Session : testing::Test, Program {
   Session() {
     lap.Form_Load();
     journal.clear();
-    lap.marks.observe([this] { marks = shownMarks(); });
+    watched = lap.marks.observe([this] { marks = shownMarks(); });
     lap.uploaded.handle([this] { journal.emplace_back("uploaded"); });
     dialog.whileOpen = [this] { EXPECT_EQ(status(), "") << "a clean line first"; };
     box.whileOpen = [this] {
@@ -107,6 +107,7 @@ struct Session : testing::Test, Program {
   }
 
   std::string marks;
+  controls::Observation watched;
   Values values;
   const Block block;
   Values named{{"first", block.line4200},
