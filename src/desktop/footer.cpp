@@ -3,11 +3,13 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
-#include "desktop/bindings.h"
-#include "desktop/text.h"
-#include "desktop/widgets.h"
+#include "widgets/bindings.h"
+#include "widgets/looks.h"
+#include "widgets/text.h"
 
 namespace monitra::desktop {
+
+using namespace widgets;
 
 namespace {
 

@@ -5,10 +5,13 @@
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
 
-#include "desktop/picture.h"
-#include "desktop/widgets.h"
+#include "desktop/picture_sizes.h"
+#include "widgets/looks.h"
+#include "widgets/picture.h"
 
 namespace monitra::desktop {
+
+using namespace widgets;
 
 namespace {
 

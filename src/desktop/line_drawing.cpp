@@ -3,11 +3,13 @@
 #include <QLabel>
 #include <QPainter>
 
-#include "desktop/bindings.h"
-#include "desktop/widgets.h"
 #include "shell/window_controls.h"
+#include "widgets/bindings.h"
+#include "widgets/looks.h"
 
 namespace monitra::desktop {
+
+using namespace widgets;
 
 LineDrawing::LineDrawing(const WidgetMaker& widgets, const Content& content, double scale)
     : origin_(content.area.topLeft()), scale_(scale) {

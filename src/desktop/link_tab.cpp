@@ -12,11 +12,14 @@
 #include <vector>
 
 #include "bench/phase_panel.h"
-#include "desktop/picture.h"
-#include "desktop/svg_icon.h"
-#include "desktop/widgets.h"
+#include "desktop/picture_sizes.h"
+#include "widgets/looks.h"
+#include "widgets/picture.h"
+#include "widgets/svg_icon.h"
 
 namespace monitra::desktop {
+
+using namespace widgets;
 
 namespace {
 

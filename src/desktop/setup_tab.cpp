@@ -8,13 +8,16 @@
 #include <QPushButton>
 
 #include "desktop/line_drawing.h"
-#include "desktop/picture.h"
-#include "desktop/spin_arrows.h"
-#include "desktop/svg_icon.h"
-#include "desktop/widgets.h"
+#include "desktop/picture_sizes.h"
 #include "timing/setup.h"
+#include "widgets/looks.h"
+#include "widgets/picture.h"
+#include "widgets/spin_arrows.h"
+#include "widgets/svg_icon.h"
 
 namespace monitra::desktop {
+
+using namespace widgets;
 
 namespace {
 

@@ -7,11 +7,14 @@
 #include <QListWidget>
 
 #include "desktop/jog_area.h"
-#include "desktop/picture.h"
-#include "desktop/tick_timer.h"
-#include "desktop/widgets.h"
+#include "desktop/picture_sizes.h"
+#include "widgets/looks.h"
+#include "widgets/picture.h"
+#include "widgets/tick_timer.h"
 
 namespace monitra::desktop {
+
+using namespace widgets;
 
 TestTab::TestTab(const WidgetMaker& widgets) : widgets_(widgets) {
   new TickTimer(widgets.lap().jog.Timer1, this);

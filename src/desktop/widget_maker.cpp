@@ -13,17 +13,19 @@
 #include <QTabWidget>
 #include <variant>
 
-#include "desktop/bindings.h"
-#include "desktop/boxed_label.h"
-#include "desktop/jog_button.h"
-#include "desktop/led_bar.h"
-#include "desktop/picture.h"
-#include "desktop/spin_arrows.h"
-#include "desktop/status_line.h"
-#include "desktop/text.h"
 #include "shell/window_controls.h"
+#include "widgets/bindings.h"
+#include "widgets/boxed_label.h"
+#include "widgets/jog_button.h"
+#include "widgets/led_bar.h"
+#include "widgets/picture.h"
+#include "widgets/spin_arrows.h"
+#include "widgets/status_line.h"
+#include "widgets/text.h"
 
 namespace monitra::desktop {
+
+using namespace widgets;
 
 namespace {
 

@@ -1,11 +1,13 @@
-#include "desktop/spin_arrows.h"
-#include "desktop/status_line.h"
-#include "desktop/text.h"
 #include "shell/window_controls.h"
 #include "support/window.h"
+#include "widgets/spin_arrows.h"
+#include "widgets/status_line.h"
+#include "widgets/text.h"
 
 namespace monitra::desktop {
 namespace {
+
+using namespace widgets;
 
 /// A control and its widget, which must show what the program sets and tell what the user does. A
 /// counter takes the place of what the program does at the control's event.

@@ -1,13 +1,13 @@
-#include "desktop/status_line.h"
+#include "widgets/status_line.h"
 
 #include <QEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QTextDocument>
 
-#include "desktop/widgets.h"
+#include "widgets/looks.h"
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 namespace {
 
@@ -93,4 +93,4 @@ void StatusLine::paintEvent(QPaintEvent* /*event*/) {
                         shown);
 }
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 inline QString toQt(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -15,4 +15,4 @@ inline QString linesToQt(std::string_view text) {
   return toQt(text).remove(QLatin1Char('\r'));
 }
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

@@ -1,11 +1,11 @@
-#include "desktop/led_bar.h"
+#include "widgets/led_bar.h"
 
 #include <QAccessible>
 #include <QPainter>
 
-#include "desktop/bindings.h"
+#include "widgets/bindings.h"
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 namespace {
 
@@ -55,4 +55,4 @@ void LedBar::paintEvent(QPaintEvent* /*event*/) {
   }
 }
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

@@ -18,7 +18,7 @@ class QRadioButton;
 class QTabWidget;
 class QWidget;
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 class JogButton;
 class LedBar;
@@ -54,4 +54,4 @@ void bind(QAction* action, controls::MenuEntry& control);
 /// The action shows a check mark where the entry has one.
 void bindChecked(QAction* action, controls::MenuEntry& control);
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

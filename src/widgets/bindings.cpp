@@ -1,4 +1,4 @@
-#include "desktop/bindings.h"
+#include "widgets/bindings.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -19,13 +19,13 @@
 #include <memory>
 #include <utility>
 
-#include "desktop/jog_button.h"
-#include "desktop/led_bar.h"
-#include "desktop/spin_arrows.h"
-#include "desktop/status_line.h"
-#include "desktop/text.h"
+#include "widgets/jog_button.h"
+#include "widgets/led_bar.h"
+#include "widgets/spin_arrows.h"
+#include "widgets/status_line.h"
+#include "widgets/text.h"
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 namespace {
 
@@ -264,4 +264,4 @@ void bindChecked(QAction* action, controls::MenuEntry& control) {
   QObject::connect(action, &QAction::triggered, action, show);
 }
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

@@ -1,12 +1,12 @@
-#include "desktop/window_style.h"
+#include "widgets/window_style.h"
 
 #include <QGroupBox>
 #include <QPainter>
 #include <QStyleOption>
 
-#include "desktop/svg_icon.h"
+#include "widgets/svg_icon.h"
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 namespace {
 
@@ -86,4 +86,4 @@ QIcon WindowStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
   return svgIcon(QStringLiteral(":/pictures/more.svg"));
 }
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

@@ -1,13 +1,13 @@
-#include "desktop/accessibility.h"
+#include "widgets/accessibility.h"
 
 #include <QAccessibleWidget>
 
-#include "desktop/jog_button.h"
-#include "desktop/led_bar.h"
-#include "desktop/picture.h"
-#include "desktop/spin_arrows.h"
+#include "widgets/jog_button.h"
+#include "widgets/led_bar.h"
+#include "widgets/picture.h"
+#include "widgets/spin_arrows.h"
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 namespace {
 
@@ -90,4 +90,4 @@ void installAccessibility() {
   QAccessible::installFactory(accessOf);
 }
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

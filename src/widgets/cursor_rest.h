@@ -3,7 +3,7 @@
 #include <QObject>
 #include <QTimer>
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 /// Lets the text cursor stand still, and show, once nobody has used keys or mouse for ten seconds:
 /// its blinking is most of what an idle window does. One object for each process.
@@ -19,4 +19,4 @@ class CursorRest : public QObject {
   QTimer idle_;
 };
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

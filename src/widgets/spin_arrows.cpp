@@ -1,4 +1,4 @@
-#include "desktop/spin_arrows.h"
+#include "widgets/spin_arrows.h"
 
 #include <QAccessible>
 #include <QKeyEvent>
@@ -7,9 +7,9 @@
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
-#include "desktop/widgets.h"
+#include "widgets/looks.h"
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 namespace {
 
@@ -129,4 +129,4 @@ void SpinArrows::focusOutEvent(QFocusEvent* event) {
   update();
 }
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

@@ -3,7 +3,6 @@
 #include <QColor>
 #include <QObject>
 #include <QPalette>
-#include <QSize>
 #include <functional>
 
 class QFrame;
@@ -13,12 +12,9 @@ class QLineEdit;
 class QStylePainter;
 class QWidget;
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
-/// What the tabs have in common in their looks.
-
-inline constexpr QSize motorPicture{60, 56};
-inline constexpr QSize boardPicture{104, 60};
+/// What the program's windows have in common in their looks.
 
 /// Around a page, and between what belongs together.
 inline constexpr int pageMargin = 6;
@@ -72,4 +68,4 @@ class WheelNeedsFocus : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

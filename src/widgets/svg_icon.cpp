@@ -1,4 +1,4 @@
-#include "desktop/svg_icon.h"
+#include "widgets/svg_icon.h"
 
 #include <QApplication>
 #include <QIconEngine>
@@ -8,7 +8,7 @@
 #include <QStyleOption>
 #include <QSvgRenderer>
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 namespace {
 
@@ -47,4 +47,4 @@ QIcon svgIcon(const QString& file) {
   return QIcon(new SvgIconEngine(file));
 }
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

@@ -1,4 +1,4 @@
-#include "desktop/tick_timer.h"
+#include "widgets/tick_timer.h"
 
 #include <QSocketNotifier>
 #include <algorithm>
@@ -6,9 +6,9 @@
 #include <sys/timerfd.h>
 #include <unistd.h>
 
-#include "desktop/bindings.h"
+#include "widgets/bindings.h"
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 namespace {
 
@@ -75,4 +75,4 @@ void TickTimer::arm(TickSchedule::Duration due) const {
   ::timerfd_settime(clock_, TFD_TIMER_ABSTIME, &time, nullptr);
 }
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

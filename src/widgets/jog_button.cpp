@@ -1,4 +1,4 @@
-#include "desktop/jog_button.h"
+#include "widgets/jog_button.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -8,10 +8,10 @@
 #include <QStylePainter>
 #include <QWindow>
 
-#include "desktop/bindings.h"
-#include "desktop/widgets.h"
+#include "widgets/bindings.h"
+#include "widgets/looks.h"
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 namespace {
 
@@ -180,4 +180,4 @@ void JogButton::paintEvent(QPaintEvent* /*event*/) {
   drawFocus(painter, *this, rect().adjusted(inset, inset, -inset, -inset));
 }
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

@@ -4,7 +4,7 @@
 
 class QToolButton;
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 /// Two small arrows, one above the other. A held arrow repeats. With the focus the up and down keys
 /// and the wheel press them too; without it the wheel must not change a value unnoticed.
@@ -53,4 +53,4 @@ class SpinArrows : public QWidget {
   int wheel_ = 0;  ///< turned since the last press, in eighths of a degree
 };
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

@@ -1,10 +1,10 @@
-#include "desktop/cursor_rest.h"
+#include "widgets/cursor_rest.h"
 
 #include <QApplication>
 #include <QEvent>
 #include <chrono>
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 CursorRest::CursorRest(QObject* parent)
     : QObject(parent), period_(QApplication::cursorFlashTime()) {
@@ -25,4 +25,4 @@ bool CursorRest::eventFilter(QObject* /*watched*/, QEvent* event) {
   return false;
 }
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

@@ -4,7 +4,7 @@
 
 #include "controls/controls.h"
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 /// A column of lights that fills from its foot. Each light has the colour of its own place: green
 /// up to the first limit of the meter, yellow up to the second, red above.
@@ -27,4 +27,4 @@ class LedBar : public QWidget {
   controls::LedMeter* meter_ = nullptr;
 };
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

@@ -1,9 +1,9 @@
-#include "desktop/boxed_label.h"
+#include "widgets/boxed_label.h"
 
 #include <QPainter>
 #include <qdrawutil.h>
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 BoxedLabel::BoxedLabel(QWidget* parent) : QLabel(parent) {
   constexpr int air = 3;
@@ -18,4 +18,4 @@ void BoxedLabel::paintEvent(QPaintEvent* event) {
   qDrawPlainRect(&painter, rect(), palette().color(QPalette::Mid));
 }
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

@@ -5,7 +5,7 @@
 
 #include "controls/controls.h"
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 /// When a periodic timer is due. Its ticks stand on a grid of whole intervals from the start, so
 /// that the mean rate is the nominal one. After a late tick those behind it come faster until they
@@ -52,4 +52,4 @@ class TickTimer : public QObject {
   int clock_;  ///< file descriptor that can be read once the time has come
 };
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

@@ -2,7 +2,7 @@
 
 #include <QLabel>
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 /// A label in a thin box, whose edges show at every scale; those of the toolkit's style get lost
 /// in part where a pixel isn't a whole number of the screen's.
@@ -14,4 +14,4 @@ class BoxedLabel : public QLabel {
   void paintEvent(QPaintEvent* event) override;
 };
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

@@ -5,7 +5,7 @@
 
 #include "controls/controls.h"
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 /// An arrow that acts while a button of the mouse or the space bar holds it; dragging the mouse
 /// away doesn't let it go. It comes up as soon as nobody can be sure that it is still held: at the
@@ -64,4 +64,4 @@ class JogButton : public QWidget {
   bool repeats_ = false;  ///< repetitions of the space bar's present press hold it again
 };
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

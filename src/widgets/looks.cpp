@@ -1,4 +1,4 @@
-#include "desktop/widgets.h"
+#include "widgets/looks.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -8,7 +8,7 @@
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 namespace {
 
@@ -142,4 +142,4 @@ bool WheelNeedsFocus::eventFilter(QObject* watched, QEvent* event) {
   return true;
 }
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

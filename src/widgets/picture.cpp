@@ -1,8 +1,8 @@
-#include "desktop/picture.h"
+#include "widgets/picture.h"
 
 #include <QPainter>
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 void Picture::show(const QString& file, QSize size) {
   file_ = file;
@@ -15,4 +15,4 @@ void Picture::paintEvent(QPaintEvent* /*event*/) {
   drawing_.render(&painter, rect());
 }
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

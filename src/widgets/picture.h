@@ -4,7 +4,7 @@
 #include <QSvgRenderer>
 #include <QWidget>
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 /// A drawing from the program's resources, as sharp as the screen allows at every scale.
 class Picture : public QWidget {
@@ -19,4 +19,4 @@ class Picture : public QWidget {
   QSvgRenderer drawing_;
 };
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

@@ -4,7 +4,7 @@
 
 #include "controls/controls.h"
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 /// A line of text that never asks for more width than it gets: what doesn't fit is cut with an
 /// ellipsis, and the tooltip shows the whole. Its kind shows by a colour and by a sign ahead of it.
@@ -30,4 +30,4 @@ class StatusLine : public QLabel {
   controls::Status kind_ = controls::Status::Plain;
 };
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets

@@ -2,7 +2,7 @@
 
 #include <QProxyStyle>
 
-namespace monitra::desktop {
+namespace monitra::widgets {
 
 /// The toolkit's neutral style with a mark of the keyboard's focus that can be seen in every theme
 /// and on every ground. The edges of tabs and groups, and the mark of a menu bar that is too
@@ -18,4 +18,4 @@ class WindowStyle : public QProxyStyle {
                      const QWidget* widget) const override;
 };
 
-}  // namespace monitra::desktop
+}  // namespace monitra::widgets
