@@ -99,8 +99,7 @@ static_assert(std::ranges::all_of(windowControls(),
               "what can be operated, or shows a value, has a control");
 static_assert(std::ranges::all_of(windowControls(),
                                   [](const ControlDescription& entry) {
-                                    return entry.buddy.empty() ||
-                                           findControl(entry.buddy) != nullptr;
+                                    return entry.buddy.empty() || findControl(entry.buddy) >= 0;
                                   }),
               "a buddy is a control");
 static_assert(std::ranges::all_of(named,
