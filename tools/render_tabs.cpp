@@ -6,9 +6,9 @@
 #include <iostream>
 
 #include "desktop/main_window.h"
-#include "desktop/window_style.h"
 #include "host/executable.h"
 #include "support/program.h"
+#include "widgets/window_style.h"
 
 /// Renders each tab of the started window into a PNG: render_tabs FOLDER SUFFIX [--dark]
 /// The scale is the toolkit's (QT_SCALE_FACTOR), the platform best offscreen with a large screen.
@@ -36,7 +36,7 @@ int main(int argc, char** argv) {
   using namespace monitra;
   const QApplication application(argc, argv);
   if (argc < 3) return EXIT_FAILURE;
-  QApplication::setStyle(new desktop::WindowStyle);
+  QApplication::setStyle(new widgets::WindowStyle);
   if (argc > 3) QApplication::setPalette(darkColours());
 
   support::Program program;

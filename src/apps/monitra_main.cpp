@@ -8,8 +8,9 @@ int main(int argc, char** argv) {
   using namespace monitra;
   host::openStandardDescriptors();
   ports::RealPorts ports;
-  const auto tellChanges = [](shell::Lap& lap) {
-    lap.PortAllapot.Caption.observe(
+  controls::Observation told;
+  const auto tellChanges = [&told](shell::Lap& lap) {
+    told = lap.PortAllapot.Caption.observe(
         [&lap] { std::cout << lap.PortAllapot.Caption.get() << std::endl; });
   };
   return apps::run(argc, argv,

@@ -32,7 +32,7 @@ class Report {
       moving_[&controller] = {address, true};
       if (!timer_.isActive()) timer_.start(interval_);
     };
-    lap.port.PCBV.Caption.observe([this, &port] {
+    board_ = lap.port.PCBV.Caption.observe([this, &port] {
       tellRested();
       port.plugIn(lap_.port.PCBV.Caption.get());
     });
@@ -110,6 +110,7 @@ class Report {
   shell::Lap& lap_;
   std::map<const ports::VirtualController*, Movement> moving_;
   QTimer timer_;
+  controls::Observation board_;
 };
 
 }  // namespace

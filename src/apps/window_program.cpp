@@ -8,19 +8,19 @@
 #include <iostream>
 
 #include "apps/named_file.h"
-#include "desktop/accessibility.h"
 #include "desktop/end_watch.h"
 #include "desktop/main_window.h"
 #include "desktop/qt_file_dialog.h"
 #include "desktop/qt_message_box.h"
 #include "desktop/qt_remedy_box.h"
-#include "desktop/svg_icon.h"
-#include "desktop/window_style.h"
 #include "host/executable.h"
 #include "host/host_files.h"
 #include "host/pacer.h"
 #include "host/windows1250.h"
 #include "settings/json_settings.h"
+#include "widgets/accessibility.h"
+#include "widgets/svg_icon.h"
+#include "widgets/window_style.h"
 
 namespace monitra::apps {
 
@@ -40,15 +40,15 @@ int run(int argc, char** argv, const WindowProgram& program) {
   host::surviveWriteSignals();
   preferX();
   QApplication application(argc, argv);
-  QApplication::setWindowIcon(desktop::svgIcon(QString::fromUtf8(program.icon)));
-  QApplication::setStyle(new desktop::WindowStyle);
+  QApplication::setWindowIcon(widgets::svgIcon(QString::fromUtf8(program.icon)));
+  QApplication::setStyle(new widgets::WindowStyle);
   QTranslator hungarian;
   if (hungarian.load(QStringLiteral("qtbase_hu"),
                      QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
     QApplication::installTranslator(&hungarian);
   }
 
-  desktop::installAccessibility();
+  widgets::installAccessibility();
   const platform::ProgramIdentity identity = host::programIdentity(program.title);
   host::Pacer pacer;
   host::HostFiles files;

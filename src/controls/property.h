@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <functional>
 #include <utility>
-#include <vector>
+
+#include "controls/observation.h"
 
 namespace monitra::controls {
 
@@ -34,21 +35,21 @@ class Property {
   /// Sets the program's own event, the only one that may change values. There is one slot.
   void handle(Listener event) { event_ = std::move(event); }
 
-  /// Adds a view that mirrors the value. It must not change any property, and what it refers to
-  /// must live until the last assignment to this property.
-  void observe(Listener view) { views_.push_back(std::move(view)); }
+  /// Adds a view that mirrors the value, until the observation ends. It must not change any
+  /// property; the property must not end while it tells its views.
+  Observation observe(Listener view) { return views_.add(std::move(view)); }
 
  private:
   void assign(const T& value) {
     if (value == value_) return;
     value_ = value;
-    for (const auto& view : views_) view();
+    views_.tell();
     if (event_) event_();
   }
 
   T value_;
   Listener event_;
-  std::vector<Listener> views_;
+  Views views_;
 };
 
 /// A whole number that keeps to its limits: an assignment outside them takes the nearest one.

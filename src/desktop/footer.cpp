@@ -3,17 +3,20 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
-#include "desktop/text.h"
-#include "desktop/widgets.h"
+#include "widgets/bindings.h"
+#include "widgets/looks.h"
+#include "widgets/text.h"
 
 namespace monitra::desktop {
+
+using namespace widgets;
 
 namespace {
 
 /// A label for a mark of the Setup, which shows only while there is one.
-QLabel* markLabel(const WidgetMaker& widgets, std::string_view name,
+QLabel* markLabel(const WidgetMaker& widgets, NameOf<QLabel> name,
                   std::string (shell::SetupMarks::*text)() const) {
-  auto* const label = widgets.make<QLabel>(name);
+  auto* const label = widgets.make(name);
   const QString spoken = label->accessibleName();
   shell::SetupMarks& marks = widgets.lap().marks;
   const auto show = [label, spoken, &marks, text] {
@@ -23,7 +26,7 @@ QLabel* markLabel(const WidgetMaker& widgets, std::string_view name,
     label->setAccessibleName(mark.isEmpty() ? spoken : spoken + QStringLiteral(": ") + mark);
   };
   show();
-  marks.observe(show);
+  keep(label, marks.observe(show));
   setTextColour(label, warningOnLight, warningOnDark);
   label->setAlignment(Qt::AlignRight);
   return label;
@@ -55,8 +58,8 @@ QHBoxLayout* Footer::names(const WidgetMaker& widgets) {
   row->addSpacing(gap);
   auto* const maker = new QVBoxLayout;
   maker->setSpacing(0);
-  for (const char* const name : {"Label13", "Label14"}) {
-    QLabel* const address = bold(inFont(widgets.make<QLabel>(name), "Arial", makerPoints));
+  for (const auto name : std::initializer_list<NameOf<QLabel>>{"Label13", "Label14"}) {
+    QLabel* const address = bold(inFont(widgets.make(name), "Arial", makerPoints));
     setTextColour(address, QColor(0xD0, 0x10, 0x10), QColor(0xFF, 0x60, 0x60));
     maker->addWidget(address);
   }
@@ -76,7 +79,9 @@ QHBoxLayout* Footer::lamps(const WidgetMaker& widgets) {
   constexpr int gap = 7;
   QHBoxLayout* const row = flatRow();
   row->setSpacing(gap);
-  for (const char* const name : {"MotorAram", "Maromotor", "OrajelMagas"}) {
+  for (const shell::ControlName name :
+       {shell::ControlName("MotorAram"), shell::ControlName("Maromotor"),
+        shell::ControlName("OrajelMagas")}) {
     row->addWidget(widgets.make(name));
   }
   row->addStretch();

@@ -1,8 +1,10 @@
 #include "desktop/jog_area.h"
 
-#include "desktop/jog_button.h"
+#include "widgets/jog_button.h"
 
 namespace monitra::desktop {
+
+using namespace widgets;
 
 namespace {
 

@@ -15,21 +15,23 @@
 #include <span>
 #include <variant>
 
-#include "desktop/bindings.h"
-#include "desktop/cursor_rest.h"
 #include "desktop/footer.h"
 #include "desktop/info_tab.h"
 #include "desktop/link_tab.h"
 #include "desktop/screen_fit.h"
 #include "desktop/setup_tab.h"
 #include "desktop/test_tab.h"
-#include "desktop/text.h"
 #include "desktop/widget_maker.h"
 #include "shell/file_kind.h"
 #include "shell/window_controls.h"
-#include "shell/window_description.h"
+#include "shell/window_table.h"
+#include "widgets/bindings.h"
+#include "widgets/cursor_rest.h"
+#include "widgets/text.h"
 
 namespace monitra::desktop {
+
+using namespace widgets;
 
 namespace {
 

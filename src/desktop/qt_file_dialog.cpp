@@ -3,9 +3,11 @@
 #include <QDir>
 #include <QFileDialog>
 
-#include "desktop/text.h"
+#include "widgets/text.h"
 
 namespace monitra::desktop {
+
+using namespace widgets;
 
 using platform::Failure;
 

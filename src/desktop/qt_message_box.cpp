@@ -6,9 +6,11 @@
 #include <QPushButton>
 #include <QTimer>
 
-#include "desktop/text.h"
+#include "widgets/text.h"
 
 namespace monitra::desktop {
+
+using namespace widgets;
 
 namespace {
 

@@ -10,9 +10,11 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "desktop/text.h"
+#include "widgets/text.h"
 
 namespace monitra::desktop {
+
+using namespace widgets;
 
 namespace {
 

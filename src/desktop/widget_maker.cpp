@@ -13,19 +13,21 @@
 #include <QTabWidget>
 #include <variant>
 
-#include "desktop/bindings.h"
-#include "desktop/boxed_label.h"
-#include "desktop/jog_button.h"
-#include "desktop/lamp.h"
-#include "desktop/led_bar.h"
-#include "desktop/narrow_button.h"
-#include "desktop/picture.h"
-#include "desktop/spin_arrows.h"
-#include "desktop/status_line.h"
-#include "desktop/text.h"
 #include "shell/window_controls.h"
+#include "widgets/bindings.h"
+#include "widgets/boxed_label.h"
+#include "widgets/jog_button.h"
+#include "widgets/lamp.h"
+#include "widgets/led_bar.h"
+#include "widgets/narrow_button.h"
+#include "widgets/picture.h"
+#include "widgets/spin_arrows.h"
+#include "widgets/status_line.h"
+#include "widgets/text.h"
 
 namespace monitra::desktop {
+
+using namespace widgets;
 
 namespace {
 
@@ -106,7 +108,6 @@ struct Binder {
   void operator()(controls::Lamp* control) const { bindAs<Lamp>(*control); }
   void operator()(controls::Frame* control) const { bindAs<QGroupBox>(*control); }
   void operator()(controls::TabStrip* control) const { bindAs<QTabWidget>(*control); }
-  void operator()(controls::Line* /*drawn*/) const {}
   void operator()(controls::MenuEntry* /*in a menu*/) const {}
 
  private:
@@ -161,7 +162,7 @@ void nameForScreenReader(QWidget* widget, const ControlDescription& entry, int i
     widget->setAccessibleName(text.isEmpty() ? name : head + text);
   };
   rename();
-  shown->Caption.observe(rename);
+  keep(widget, shown->Caption.observe(rename));
 }
 
 /// A lamp is called by its words and by how it is.
@@ -171,19 +172,20 @@ void nameLamp(QWidget* widget, controls::Lamp& lamp) {
                               (lamp.On ? QStringLiteral(": ég") : QStringLiteral(": nem ég")));
   };
   rename();
-  lamp.On.observe(rename);
+  keep(widget, lamp.On.observe(rename));
 }
 
 }  // namespace
 
-QWidget* WidgetMaker::makeWidget(std::string_view name, int index) const {
-  const ControlDescription& entry = shell::describedControl(name, index);
+QWidget* WidgetMaker::make(shell::ControlName name) const {
+  const ControlDescription& entry = name.entry();
+  const int index = name.index();
   QWidget* const widget = newWidget(entry.kind);
-  widget->setObjectName(objectName(name, index));
+  widget->setObjectName(objectName(entry.name, index));
   widget->setToolTip(toQt(entry.tooltip));
   if (entry.state == State::Disabled) widget->setEnabled(false);
   if (entry.state == State::Hidden) widget->hide();
-  const shell::AnyControl control = shell::controlOf(lap_, name, index);
+  const shell::AnyControl control = shell::controlOf(lap_, entry.name, index);
   if (auto* const label = qobject_cast<QLabel*>(widget)) label->setTextFormat(Qt::PlainText);
   std::visit(Binder{widget}, control);
   if (labelOf(control) == nullptr) giveCaption(widget, entry);

@@ -54,7 +54,7 @@ Lap::Lap(Outside outside)
   line_.inMessage = [this](bool begins) { inMessage(begins); };
   outside_.ports.changed = [this] { showPort(); };
   recorder_.changed = [this] { showLamps(); };
-  port.PCBV.Caption.observe([this] {
+  board_ = port.PCBV.Caption.observe([this] {
     recorder_.use(port_.pcb());
     showLamps();
   });
@@ -101,7 +101,7 @@ void Lap::Form_Load() {
   line_.SorosAlap();
   editions_.MBKTarso_Click();
   marks.saved();
-  port.LPT.ListIndex.observe([this] {
+  selection_ = port.LPT.ListIndex.observe([this] {
     showPort();
     showLamps();
   });

@@ -179,6 +179,8 @@ class Lap {
   bool cutShort_ = false;     ///< it didn't all go out
   bool inMessage_ = false;
   bool ended_ = false;
+  controls::Observation selection_;  ///< of the port
+  controls::Observation board_;
 };
 
 }  // namespace monitra::shell

@@ -16,18 +16,20 @@ std::vector<std::string> withoutBlanks(std::vector<std::string> records) {
 
 SetupMarks::SetupMarks(timing::SetupPanel& panel, const timing::Kozos& kozos)
     : panel_(panel), kozos_(kozos) {
-  const auto view = [this] { tell(); };
+  const auto watch = [this](auto& property) {
+    watched_.push_back(property.observe([this] { views_.tell(); }));
+  };
   for (int i = 0; i < timing::timingFields; ++i) {
-    panel_.FolLe[i].Value.observe(view);
-    panel_.box(i).Text.observe(view);
+    watch(panel_.FolLe[i].Value);
+    watch(panel_.box(i).Text);
   }
-  panel_.Funkcio.ListIndex.observe(view);
-  for (auto* const spin : {&panel_.Utfolle, &panel_.Turesfolle}) spin->Value.observe(view);
-  for (auto* const box : {&panel_.Ut, &panel_.Tures}) box->Text.observe(view);
+  watch(panel_.Funkcio.ListIndex);
+  for (auto* const spin : {&panel_.Utfolle, &panel_.Turesfolle}) watch(spin->Value);
+  for (auto* const box : {&panel_.Ut, &panel_.Tures}) watch(box->Text);
   for (auto* const box : {&panel_.Xegesz, &panel_.Yegesz, &panel_.Zegesz}) {
-    box->Checked.observe(view);
+    watch(box->Checked);
   }
-  panel_.Verz.Caption.observe(view);
+  watch(panel_.Verz.Caption);
 }
 
 void SetupMarks::saved() {
@@ -36,17 +38,17 @@ void SetupMarks::saved() {
 
 void SetupMarks::notSaved() {
   saved_.reset();
-  tell();
+  views_.tell();
 }
 
 void SetupMarks::opened(const std::vector<std::string>& records) {
   saved_ = withoutBlanks(records);
-  tell();
+  views_.tell();
 }
 
 void SetupMarks::sent() {
   sent_ = link::setupMessage(panel_.spinValues());
-  tell();
+  views_.tell();
 }
 
 std::string SetupMarks::savedMark() const {
@@ -58,10 +60,6 @@ std::string SetupMarks::savedMark() const {
 std::string SetupMarks::sentMark() const {
   if (!sent_) return "Még nincs feltöltve";
   return sent_ == link::setupMessage(panel_.spinValues()) ? "" : "Feltöltés óta módosult";
-}
-
-void SetupMarks::tell() const {
-  for (const auto& view : views_) view();
 }
 
 }  // namespace monitra::shell

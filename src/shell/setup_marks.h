@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/observation.h"
 #include "link/upload.h"
 #include "timing/kozos.h"
 #include "timing/setup_panel.h"
@@ -13,7 +14,7 @@ namespace monitra::shell {
 
 /// Whether the Setup in the window is still the one that was last saved, and the one last sent.
 /// Compared are the texts of a Setup file, and the bytes of the message. The arguments must outlive
-/// it, and not change after it.
+/// it.
 class SetupMarks {
  public:
   SetupMarks(timing::SetupPanel& panel, const timing::Kozos& kozos);
@@ -31,17 +32,16 @@ class SetupMarks {
   std::string savedMark() const;
   std::string sentMark() const;
 
-  /// Adds a view that is told whenever a mark may have changed; it must live until the last change.
-  void observe(std::function<void()> view) { views_.push_back(std::move(view)); }
+  /// Adds a view that is told whenever a mark may have changed, until the observation ends.
+  controls::Observation observe(std::function<void()> view) { return views_.add(std::move(view)); }
 
  private:
-  void tell() const;
-
   timing::SetupPanel& panel_;
   const timing::Kozos& kozos_;
-  std::vector<std::function<void()>> views_;
+  controls::Views views_;
   std::optional<std::vector<std::string>> saved_;
   std::optional<link::SetupMessage> sent_;
+  std::vector<controls::Observation> watched_;
 };
 
 }  // namespace monitra::shell

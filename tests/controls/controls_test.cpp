@@ -1,6 +1,8 @@
 #include "controls/controls.h"
 
 #include <gtest/gtest.h>
+#include <map>
+#include <memory>
 
 #include "controls/indexed_array.h"
 #include "support/same.h"
@@ -14,7 +16,8 @@ TEST(Property, StoresThenTellsTheViewsThenTheHandlerAndOnlyOnAChange) {
   Property<int> value(5), other;
   Journal journal;
   const auto tell = [&](const char* who) { journal.push_back(who + std::to_string(value)); };
-  for (const char* view : {"a ", "b "}) value.observe([=] { tell(view); });
+  const Observation views[] = {value.observe([=] { tell("a "); }),
+                               value.observe([=] { tell("b "); })};
   value.handle([] { FAIL() << "there is one slot"; });
   value.handle([&] {
     tell("in ");
@@ -28,6 +31,34 @@ TEST(Property, StoresThenTellsTheViewsThenTheHandlerAndOnlyOnAChange) {
   EXPECT_TRUE(same(journal, {"a 70", "b 70", "in 70", "a 9", "b 9", "in 9", "out 9", "out 9"}));
   value = other;
   EXPECT_EQ(journal.back(), "out 3") << "the number is taken over and nothing else";
+}
+
+TEST(Property, TellsViewsThatComeAndGoAtAnyTime) {
+  auto value = std::make_unique<Property<int>>();
+  std::map<char, Observation> views;
+  Journal journal;
+  const auto add = [&](
+                       char who, const std::function<void()>& then = [] {}) {
+    views[who] = value->observe([&, who, then] {
+      then();
+      journal.push_back(who + std::to_string(*value));
+    });
+  };
+  add('a');
+  add('b', [&] { views.erase('b'); });
+  add('c', [&] { views.erase('d'); });
+  add('d');
+  add('e', [&] {
+    if (*value == 1) add('f');
+  });
+  value->handle([&] {
+    views.erase('a');
+    if (*value < 3) *value = *value + 1;
+  });
+  *value = 1;
+  EXPECT_TRUE(same(journal, {"a1", "b1", "c1", "e1", "c2", "e2", "f2", "c3", "e3", "f3"}));
+  value.reset();
+  views.erase('e');
 }
 
 TEST(SpinButton, RaisesAPressAheadOfTheMoveAndAtALimitToo) {

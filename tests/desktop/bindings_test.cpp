@@ -1,11 +1,14 @@
-#include "desktop/spin_arrows.h"
-#include "desktop/status_line.h"
-#include "desktop/text.h"
 #include "shell/window_controls.h"
+#include "shell/window_table.h"
 #include "support/window.h"
+#include "widgets/spin_arrows.h"
+#include "widgets/status_line.h"
+#include "widgets/text.h"
 
 namespace monitra::desktop {
 namespace {
+
+using namespace widgets;
 
 /// A control and its widget, which must show what the program sets and tell what the user does. A
 /// counter takes the place of what the program does at the control's event.
@@ -101,7 +104,7 @@ struct Pair {
     spin->Value = 100;
     access.actionInterface()->doAction(QAccessibleActionInterface::increaseAction());
     EXPECT_EQ(access.valueInterface()->currentValue(), 101);
-    for (int n = 0; n < 2; ++n) emit as<SpinArrows>().downPressed();
+    for (int n = 0; n < 2; ++n) Q_EMIT as<SpinArrows>().downPressed();
     EXPECT_EQ(access.valueInterface()->currentValue(), 99);
   }
   void operator()(controls::PushButton* button) {
@@ -241,6 +244,7 @@ struct Bindings : testing::Test, support::Program {
 
 TEST_F(Bindings, EveryControlIsAsDescribedShowsItsModelAndTellsItWhatTheUserDoes) {
   for (int n = 0; n < 9; ++n) lap.port.Bitcim[n].Caption = std::to_string(n);
+  MainWindow(lap).show();  // what it observed changes below, and it has gone
   window.show();
   for (const bool started : {false, true}) {
     if (started) lap.Form_Load();

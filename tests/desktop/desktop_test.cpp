@@ -1,20 +1,21 @@
 #include <csignal>
 
-#include "desktop/accessibility.h"
 #include "desktop/end_watch.h"
 #include "desktop/qt_file_dialog.h"
 #include "desktop/qt_message_box.h"
 #include "desktop/qt_remedy_box.h"
-#include "desktop/text.h"
-#include "desktop/window_style.h"
 #include "support/contracts.h"
 #include "support/image.h"
 #include "support/window.h"
+#include "widgets/accessibility.h"
+#include "widgets/text.h"
+#include "widgets/window_style.h"
 
 namespace monitra::desktop {
 namespace {
 
 using namespace support;
+using namespace widgets;
 using platform::Failure;
 
 struct Desktop : Window {
@@ -226,7 +227,7 @@ TEST(QtFileDialog, OffersTheGivenFiltersAndTakesAnyName) {
         auto* const name = shown.findChild<QLineEdit*>("fileNameEdit");
         EXPECT_EQ(name->text(), "Modositott.pwm");
         if (*typed != '\0') shown.setDirectory(folder = toQt(scratch.path()));
-        if (*filter != '\0') emit shown.filterSelected(filter);
+        if (*filter != '\0') Q_EMIT shown.filterSelected(filter);
         name->setText(QString::fromUtf8(typed));
         QTest::keyClick(name, *typed != '\0' ? Qt::Key_Return : Qt::Key_Escape);
       });
@@ -273,7 +274,7 @@ int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   const QApplication application(argc, argv);
-  QApplication::setStyle(new monitra::desktop::WindowStyle);
-  monitra::desktop::installAccessibility();
+  QApplication::setStyle(new monitra::widgets::WindowStyle);
+  monitra::widgets::installAccessibility();
   return RUN_ALL_TESTS();
 }

@@ -1,15 +1,16 @@
-#include "desktop/jog_button.h"
+#include "widgets/jog_button.h"
 
 #include <QTest>
 #include <algorithm>
 
-#include "desktop/tick_timer.h"
 #include "support/window.h"
+#include "widgets/tick_timer.h"
 
 namespace monitra::desktop {
 namespace {
 
 using namespace support;
+using namespace widgets;
 using namespace std::chrono_literals;
 
 /// The tab with the jog buttons, the generator on, and the left button of Y.
@@ -146,6 +147,9 @@ TEST_F(JogButtons, OneLooksHeldWhileItIsAndPointsWhereItMoves) {
     const auto light = [&](QPoint at) { return image.pixelColor(middle + at).lightness(); };
     EXPECT_LT(light(heads[i]) + 100, light(-heads[i])) << i << ": head and beside the stem";
   }
+  EXPECT_TRUE(held());
+  window.reset();
+  EXPECT_FALSE(held()) << "nobody could let it go any more";
 }
 
 TEST(TickSchedule, KeepsToItsGridAndMakesUpALateTickWithoutABurst) {

@@ -1,12 +1,13 @@
 #include "support/window.h"
 
-#include "desktop/status_line.h"
 #include "shell/port_texts.h"
+#include "widgets/status_line.h"
 
 namespace monitra::desktop {
 namespace {
 
 using namespace support;
+using namespace widgets;
 
 bool near(int one, int other) {
   return std::abs(one - other) <= 2;

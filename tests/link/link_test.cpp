@@ -81,7 +81,8 @@ TEST_F(Link, UploadAsksSendsEachSpinValueInItsPlaceMovesTheBarAndSpeaks) {
   setup.Letolt.Enabled = true;
   setup.Bar.Value = 7;
   journalise(journal, setup.Bar.Value, "bar ");
-  setup.Letolt.Enabled.observe([this] { journal.push_back(setup.Letolt.Enabled ? "on" : "off"); });
+  const auto button = setup.Letolt.Enabled.observe(
+      [this] { journal.push_back(setup.Letolt.Enabled ? "on" : "off"); });
   upload.begun.handle([this] { journal.emplace_back("begun"); });
   upload.sending.handle([this] { journal.emplace_back("sending"); });
   upload.sent.handle([this] { journal.emplace_back("sent"); });

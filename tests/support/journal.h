@@ -8,6 +8,8 @@
 #include <map>
 #include <optional>
 #include <sstream>
+#include <utility>
+#include <vector>
 
 #include "platform/file_dialog.h"
 #include "platform/message_box.h"
@@ -30,11 +32,13 @@ inline std::string hex(int value) {
 /// From now on each value of the property goes into the journal, behind this name.
 template <class Property>
 void journalise(Journal& journal, Property& property, const std::string& name = {}) {
-  property.observe([=, &journal, &property] {
+  auto observation = property.observe([=, &journal, &property] {
     std::ostringstream entry;
     entry << name << property.get();
     journal.push_back(entry.str());
   });
+  static std::vector<decltype(observation)> forGood;
+  forGood.push_back(std::move(observation));
 }
 
 constexpr int dataPin = 1 << 5;  ///< of the serial line, on either board

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "shell/port_texts.h"
-#include "shell/window_description.h"
+#include "shell/window_controls.h"
 #include "support/image.h"
 #include "support/program.h"
 #include "support/rows.h"
@@ -18,7 +18,7 @@ struct Session : testing::Test, Program {
   Session() {
     lap.Form_Load();
     journal.clear();
-    lap.marks.observe([this] { marks = shownMarks(); });
+    watched = lap.marks.observe([this] { marks = shownMarks(); });
     lap.uploaded.handle([this] { journal.emplace_back("uploaded"); });
     dialog.whileOpen = [this] { EXPECT_EQ(status(), "") << "a clean line first"; };
     box.whileOpen = [this] {
@@ -107,6 +107,7 @@ struct Session : testing::Test, Program {
   }
 
   std::string marks;
+  controls::Observation watched;
   Values values;
   const Block block;
   Values named{{"first", block.line4200},
