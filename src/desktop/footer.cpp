@@ -14,9 +14,9 @@ using namespace widgets;
 namespace {
 
 /// A label for a mark of the Setup, which shows only while there is one.
-QLabel* markLabel(const WidgetMaker& widgets, std::string_view name,
+QLabel* markLabel(const WidgetMaker& widgets, NameOf<QLabel> name,
                   std::string (shell::SetupMarks::*text)() const) {
-  auto* const label = widgets.make<QLabel>(name);
+  auto* const label = widgets.make(name);
   const QString spoken = label->accessibleName();
   shell::SetupMarks& marks = widgets.lap().marks;
   const auto show = [label, spoken, &marks, text] {
@@ -57,8 +57,8 @@ QHBoxLayout* Footer::names(const WidgetMaker& widgets) {
   row->addSpacing(gap);
   auto* const maker = new QVBoxLayout;
   maker->setSpacing(0);
-  for (const char* const name : {"Label13", "Label14"}) {
-    QLabel* const address = bold(inFont(widgets.make<QLabel>(name), "Arial", makerPoints));
+  for (const auto name : std::initializer_list<NameOf<QLabel>>{"Label13", "Label14"}) {
+    QLabel* const address = bold(inFont(widgets.make(name), "Arial", makerPoints));
     setTextColour(address, QColor(0xD0, 0x10, 0x10), QColor(0xFF, 0x60, 0x60));
     maker->addWidget(address);
   }

@@ -33,12 +33,13 @@ QPlainTextEdit* infoText(const WidgetMaker& widgets) {
 
 InfoTab::InfoTab(const WidgetMaker& widgets) {
   QPlainTextEdit* const text = infoText(widgets);
-  QLabel* const heads[] = {widgets.make<QLabel>("Label29", 0), widgets.make<QLabel>("Label29", 1)};
+  QLabel* const heads[] = {widgets.make<QLabel>({"Label29", 0}),
+                           widgets.make<QLabel>({"Label29", 1})};
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(pageMargin, smallGap, pageMargin, pageMargin);
   QHBoxLayout* const row = flatRow();
   row->addWidget(heads[0], 1, Qt::AlignCenter);
-  auto* const board = widgets.make<Picture>("Picture2", 1);
+  auto* const board = widgets.make<Picture>({"Picture2", 1});
   board->show(QStringLiteral(":/pictures/board.svg"), boardPicture);
   row->addWidget(board);
   row->addWidget(heads[1], 1, Qt::AlignCenter);

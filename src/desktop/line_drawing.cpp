@@ -3,7 +3,6 @@
 #include <QLabel>
 #include <QPainter>
 
-#include "shell/window_controls.h"
 #include "widgets/bindings.h"
 #include "widgets/looks.h"
 
@@ -15,13 +14,12 @@ LineDrawing::LineDrawing(const WidgetMaker& widgets, const Content& content, dou
     : origin_(content.area.topLeft()), scale_(scale) {
   setFixedSize(qRound(content.area.width() * scale), qRound(content.area.height() * scale));
   for (const auto& line : content.lines) {
-    const shell::AnyControl control = shell::controlOf(widgets.lap(), line.name);
-    auto* const* const found = std::get_if<controls::Line*>(&control);
-    lines_.push_back({line, found != nullptr ? *found : nullptr});
-    if (found != nullptr) keep(this, (*found)->Visible.observe([this] { update(); }));
+    auto* const control = line.shownBy ? &(widgets.lap().setup.*line.shownBy) : nullptr;
+    lines_.push_back({line, control});
+    if (control != nullptr) keep(this, control->Visible.observe([this] { update(); }));
   }
   for (const auto& words : content.labels) {
-    auto* const label = widgets.make<QLabel>(words.name, words.index);
+    auto* const label = qobject_cast<QLabel*>(widgets.make(words.control));
     if (words.bold) bold(label);
     label->setParent(this);
     label->adjustSize();

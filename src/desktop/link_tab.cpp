@@ -114,8 +114,8 @@ LinkTab::LinkTab(const WidgetMaker& widgets) : widgets_(widgets) {
 }
 
 QWidget* LinkTab::phaseFrame(int motor) {
-  constexpr const char* names[] = {"Frame5", "Frame6", "Frame7"};
-  auto* const frame = widgets_.make<QGroupBox>(names[motor]);
+  constexpr NameOf<QGroupBox> names[] = {"Frame5", "Frame6", "Frame7"};
+  auto* const frame = widgets_.make(names[motor]);
   auto* const column = new QVBoxLayout(frame);
   column->setSpacing(smallGap);
   auto* const drawing = widgets_.make<Picture>("Picture1", motor + 1);
@@ -166,14 +166,14 @@ QLayout* LinkTab::loadDisplay() {
 
 QLayout* LinkTab::loadBar() {
   auto* const column = new QVBoxLayout;
-  column->addWidget(widgets_.make("Label25", 1), 0, Qt::AlignHCenter);
+  column->addWidget(widgets_.make({"Label25", 1}), 0, Qt::AlignHCenter);
   column->addWidget(widgets_.make("LEDsav"), 1, Qt::AlignHCenter);
-  column->addWidget(widgets_.make("Label25", 0), 0, Qt::AlignHCenter);
+  column->addWidget(widgets_.make({"Label25", 0}), 0, Qt::AlignHCenter);
   return column;
 }
 
 /// A check box on a ground of its own, with its own colours in every theme.
-QWidget* LinkTab::permit(std::string_view name, QColor ground, QColor words) {
+QWidget* LinkTab::permit(shell::ControlName name, QColor ground, QColor words) {
   QWidget* const box = widgets_.make(name);
   QPalette colours = box->palette();
   colours.setColor(QPalette::Window, ground);

@@ -16,7 +16,7 @@ class LinkTab : public QWidget {
   QWidget* loadFrame();
   QLayout* loadDisplay();
   QLayout* loadBar();
-  QWidget* permit(std::string_view name, QColor ground, QColor words);
+  QWidget* permit(shell::ControlName name, QColor ground, QColor words);
   QWidget* warning();
 
   WidgetMaker widgets_;

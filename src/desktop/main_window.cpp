@@ -24,7 +24,7 @@
 #include "desktop/widget_maker.h"
 #include "shell/file_kind.h"
 #include "shell/window_controls.h"
-#include "shell/window_description.h"
+#include "shell/window_table.h"
 #include "widgets/bindings.h"
 #include "widgets/cursor_rest.h"
 #include "widgets/text.h"

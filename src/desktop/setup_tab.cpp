@@ -44,8 +44,8 @@ void makeInstrument(QLineEdit* box) {
 
 /// A frame of derived values, the labels in it by axis, and the widest text that they must hold.
 struct SetupTab::DerivedColumn {
-  const char* frame;
-  const char* labels[axes];
+  shell::ControlName frame;
+  shell::ControlName labels[axes];
   const char* widest;
 };
 
@@ -90,7 +90,7 @@ QLayout* SetupTab::diagramRow() {
   row->addLayout(curve);
   row->addStretch();
   auto* const state = new QVBoxLayout;
-  auto* const motor = widgets_.make<Picture>("Picture1", 0);
+  auto* const motor = widgets_.make<Picture>({"Picture1", 0});
   motor->show(QStringLiteral(":/pictures/motor.svg"), motorPicture);
   state->setSpacing(smallGap);
   state->addStretch();
@@ -103,8 +103,8 @@ QLayout* SetupTab::diagramRow() {
 
 QLayout* SetupTab::timingGrid() {
   constexpr DerivedColumn columns[] = {
-      {"Frame1", {"Csucsf", "Csucsf", "Csucsf"}, "88888.8 S/s"},
-      {"Frame2", {"Nhatar", "Nhatar", "Nhatar"}, "88888.8 S/s"},
+      {"Frame1", {{"Csucsf", 0}, {"Csucsf", 1}, {"Csucsf", 2}}, "88888.8 S/s"},
+      {"Frame2", {{"Nhatar", 0}, {"Nhatar", 1}, {"Nhatar", 2}}, "88888.8 S/s"},
       {"Frame3", {"Xttarto", "Yttarto", "Zttarto"}, "88888.8 Hz (88.8%)"},
   };
   constexpr int headPart = 4;  // tenths of a column
@@ -129,11 +129,11 @@ QLayout* SetupTab::timingGrid() {
 }
 
 void SetupTab::addTimingField(QGridLayout& grid, int axis, int group) {
-  constexpr const char* boxes[] = {"TF", "T1", "T2", "T3"};
+  constexpr ArrayOf<QLineEdit> boxes[] = {"TF", "T1", "T2", "T3"};
   const int i = axes * group + axis;
   QHBoxLayout* const cell = flatRow();
   cell->setSpacing(0);
-  auto* const box = asNumberBox(widgets_.make<QLineEdit>(boxes[group], i), 3);
+  auto* const box = asNumberBox(widgets_.make(boxes[group], i), 3);
   makeInstrument(box);
   cell->addStretch();
   cell->addWidget(box);
@@ -154,9 +154,8 @@ void SetupTab::addDerivedColumn(QGridLayout& grid, const DerivedColumn& column, 
   grid.setColumnStretch(at, 1);
   grid.setColumnMinimumWidth(
       at, fontMetrics().horizontalAdvance(QString::fromLatin1(column.widest)) + padding);
-  const bool array = column.labels[0] == column.labels[1];
   for (int axis = 0; axis < axes; ++axis) {
-    QWidget* const label = widgets_.make(column.labels[axis], array ? axis : -1);
+    QWidget* const label = widgets_.make(column.labels[axis]);
     grid.addWidget(label, axis + 1, at, Qt::AlignCenter);
     label->raise();
   }
@@ -187,12 +186,12 @@ QLayout* SetupTab::tuningFields() {
   return grid;
 }
 
-QHBoxLayout* SetupTab::spinField(std::string_view box, std::string_view arrows) {
+QHBoxLayout* SetupTab::spinField(NameOf<QLineEdit> box, NameOf<SpinArrows> arrows) {
   constexpr int wholeFigures = 5;
   QHBoxLayout* const row = flatRow();
   row->setSpacing(2);
-  auto* const typed = asNumberBox(widgets_.make<QLineEdit>(box), wholeFigures);
-  auto* const pressed = widgets_.make<SpinArrows>(arrows);
+  auto* const typed = asNumberBox(widgets_.make(box), wholeFigures);
+  auto* const pressed = widgets_.make(arrows);
   pressed->serve(typed);
   row->addWidget(typed);
   row->addWidget(pressed);
@@ -227,7 +226,8 @@ QLayout* SetupTab::tolerance() {
 QLayout* SetupTab::wholeStepBoxes() {
   auto* const column = new QVBoxLayout;
   column->setSpacing(smallGap);
-  for (const char* const name : {"Label31", "Xegesz", "Yegesz", "Zegesz"}) {
+  for (const auto name :
+       std::initializer_list<shell::ControlName>{"Label31", "Xegesz", "Yegesz", "Zegesz"}) {
     column->addWidget(widgets_.make(name));
   }
   return column;

@@ -25,7 +25,7 @@ class SetupTab : public QWidget {
   QLayout* tuningFields();
   QLayout* path();
   QLayout* tolerance();
-  QHBoxLayout* spinField(std::string_view box, std::string_view arrows);
+  QHBoxLayout* spinField(NameOf<QLineEdit> box, NameOf<widgets::SpinArrows> arrows);
   QLayout* wholeStepBoxes();
   QLayout* uploadRow();
 

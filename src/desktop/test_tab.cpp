@@ -77,7 +77,7 @@ QLayout* TestTab::portChoice() {
   giveThinFrame(list);
   list->setFixedHeight(list->sizeHintForRow(0) * list->count() + 2 * list->frameWidth() + 2);
   list->setFixedWidth(list->sizeHintForColumn(0) + sideAir);
-  auto* const board = widgets_.make<Picture>("Picture2", 0);
+  auto* const board = widgets_.make<Picture>({"Picture2", 0});
   board->show(QStringLiteral(":/pictures/board.svg"), boardPicture);
   QLabel* const version = widgets_.make<QLabel>("PCBV");
   version->setAlignment(Qt::AlignCenter);
@@ -102,8 +102,8 @@ QWidget* TestTab::bitFrame() {
   auto* const frame = widgets_.make<QGroupBox>("Frame4");
   auto* const column = new QVBoxLayout(frame);
   column->setSpacing(3);
-  const auto addAddress = [this, column](std::string_view name) {
-    QLabel* const label = bold(widgets_.make<QLabel>(name));
+  const auto addAddress = [this, column](NameOf<QLabel> name) {
+    QLabel* const label = bold(widgets_.make(name));
     label->setAlignment(Qt::AlignCenter);
     column->addWidget(label);
   };
@@ -111,7 +111,7 @@ QWidget* TestTab::bitFrame() {
   for (int bit = 0; bit < 8; ++bit) column->addWidget(widgets_.make("Bitcim", bit));
   column->addSpacing(4);
   addAddress("Cim2");
-  column->addWidget(widgets_.make("Bitcim", 8));
+  column->addWidget(widgets_.make({"Bitcim", 8}));
   column->addStretch();
   column->addWidget(widgets_.make("Kuld"));
   column->addWidget(widgets_.make("Torles"));

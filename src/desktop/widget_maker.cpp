@@ -101,7 +101,6 @@ struct Binder {
   void operator()(controls::LedMeter* control) const { bindAs<LedBar>(*control); }
   void operator()(controls::Frame* control) const { bindAs<QGroupBox>(*control); }
   void operator()(controls::TabStrip* control) const { bindAs<QTabWidget>(*control); }
-  void operator()(controls::Line* /*drawn*/) const {}
   void operator()(controls::MenuEntry* /*in a menu*/) const {}
 
  private:
@@ -161,14 +160,15 @@ void nameForScreenReader(QWidget* widget, const ControlDescription& entry, int i
 
 }  // namespace
 
-QWidget* WidgetMaker::makeWidget(std::string_view name, int index) const {
-  const ControlDescription& entry = shell::describedControl(name, index);
+QWidget* WidgetMaker::make(shell::ControlName name) const {
+  const ControlDescription& entry = name.entry();
+  const int index = name.index();
   QWidget* const widget = newWidget(entry.kind);
-  widget->setObjectName(objectName(name, index));
+  widget->setObjectName(objectName(entry.name, index));
   widget->setToolTip(toQt(entry.tooltip));
   if (entry.state == State::Disabled) widget->setEnabled(false);
   if (entry.state == State::Hidden) widget->hide();
-  const shell::AnyControl control = shell::controlOf(lap_, name, index);
+  const shell::AnyControl control = shell::controlOf(lap_, entry.name, index);
   if (auto* const label = qobject_cast<QLabel*>(widget)) label->setTextFormat(Qt::PlainText);
   std::visit(Binder{widget}, control);
   if (labelOf(control) == nullptr) giveCaption(widget, entry);

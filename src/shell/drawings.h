@@ -1,22 +1,23 @@
 #pragma once
 
 #include <span>
-#include <string_view>
+
+#include "shell/control_name.h"
+#include "timing/setup_panel.h"
 
 namespace monitra::shell {
 
 /// A straight line of a drawing, in twips of its tab's own space, y growing downwards.
 struct DrawnLine {
-  std::string_view name;
   int x1, y1, x2, y2;
-  bool marker = false;  ///< red and dotted
+  bool marker = false;                                    ///< red and dotted
+  controls::Line timing::SetupPanel::*shownBy = nullptr;  ///< it shows while that is visible
 };
 
 /// A label in a drawing, with an entry among the controls: the place of its left edge and top, in
 /// the same twips.
 struct DrawnLabel {
-  std::string_view name;
-  int index;
+  ControlName control;
   int x, y;
   bool bold = false;
 };

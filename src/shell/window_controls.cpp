@@ -1,7 +1,10 @@
 #include "shell/window_controls.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
+
+#include "shell/control_name.h"
 
 namespace monitra::shell {
 
@@ -35,11 +38,6 @@ constexpr NamedControl named[] = {
     {"MBTValtozo", [](Lap& lap, int) -> AnyControl { return &lap.setup.MBTValtozo; }},
     {"Cim", [](Lap& lap, int) -> AnyControl { return &lap.setup.Cim; }},
     {"lepes", [](Lap& lap, int) -> AnyControl { return &lap.setup.lepes; }},
-    {"LineVilor1", [](Lap& lap, int) -> AnyControl { return &lap.setup.LineVilor1; }},
-    {"LineVilor2", [](Lap& lap, int) -> AnyControl { return &lap.setup.LineVilor2; }},
-    {"LineVilor3", [](Lap& lap, int) -> AnyControl { return &lap.setup.LineVilor3; }},
-    {"LineTarso1", [](Lap& lap, int) -> AnyControl { return &lap.setup.LineTarso1; }},
-    {"LineTarso2", [](Lap& lap, int) -> AnyControl { return &lap.setup.LineTarso2; }},
     {"Letolt", [](Lap& lap, int) -> AnyControl { return &lap.setup.Letolt; }},
     {"Bar", [](Lap& lap, int) -> AnyControl { return &lap.setup.Bar; }},
     {"LPT", [](Lap& lap, int) -> AnyControl { return &lap.port.LPT; }},
@@ -84,11 +82,58 @@ constexpr NamedControl named[] = {
     {"Leptet", [](Lap& lap, int i) -> AnyControl { return &lap.phases.Leptet[i]; }},
 };
 
+/// Whether the Lap has a control of this name.
+constexpr bool isNamed(std::string_view name) {
+  return std::ranges::find(named, name, &NamedControl::name) != std::end(named);
+}
+
+constexpr bool onlyShows(Kind kind) {
+  return kind == Kind::Label || kind == Kind::BoxedLabel || kind == Kind::Picture ||
+         kind == Kind::Frame;
+}
+
+static_assert(std::ranges::all_of(windowControls(),
+                                  [](const ControlDescription& entry) {
+                                    return onlyShows(entry.kind) || isNamed(entry.name);
+                                  }),
+              "what can be operated, or shows a value, has a control");
+static_assert(std::ranges::all_of(windowControls(),
+                                  [](const ControlDescription& entry) {
+                                    return entry.buddy.empty() || findControl(entry.buddy) >= 0;
+                                  }),
+              "a buddy is a control");
+static_assert(std::ranges::all_of(named,
+                                  [](const NamedControl& control) {
+                                    const auto has = [&](const auto& table) {
+                                      return std::ranges::any_of(table, [&](const auto& entry) {
+                                        return entry.name == control.name;
+                                      });
+                                    };
+                                    return has(windowControls()) || has(menuTree());
+                                  }),
+              "a control stands on the window or in its menus");
+
 }  // namespace
 
 AnyControl controlOf(Lap& lap, std::string_view name, int index) {
   const auto* const found = std::ranges::find(named, name, &NamedControl::name);
   return found == std::end(named) ? AnyControl{} : found->in(lap, index);
+}
+
+std::string spokenName(const ControlDescription& control, int index) {
+  constexpr std::string_view axes = "XYZ";
+  std::string name(control.spoken.empty() ? control.caption : control.spoken);
+  const std::size_t axis = name.find('%');
+  if (control.elements.count > 1 && axis != std::string::npos) {
+    name[axis] = axes[static_cast<std::size_t>(index - control.elements.first)];
+  }
+  return name;
+}
+
+std::string_view spokenStatus(controls::Status kind) {
+  using controls::Status;
+  if (kind == Status::Plain) return {};
+  return kind == Status::Done ? "Kész: " : kind == Status::Warning ? "Figyelem: " : "Hiba: ";
 }
 
 void giveCaptions(Lap& lap) {

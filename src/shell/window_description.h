@@ -1,10 +1,6 @@
 #pragma once
 
-#include <span>
-#include <string>
 #include <string_view>
-
-#include "controls/controls.h"
 
 namespace monitra::shell {
 
@@ -56,24 +52,10 @@ struct ControlDescription {
   std::string_view buddy = {};  ///< of a label: name of the control that it heads
 };
 
-/// All of them, in the order of the window.
-std::span<const ControlDescription> windowControls();
-
-/// The entry of a control; a name or element without one is an error of the caller.
-const ControlDescription& describedControl(std::string_view name, int index = -1);
-
-/// What a screen reader calls an element of the entry, without the text that a label shows.
-std::string spokenName(const ControlDescription& control, int index);
-
-/// What a screen reader says ahead of a status; nothing ahead of plain information.
-std::string_view spokenStatus(controls::Status kind);
-
-/// Captions of the tabs, in the order of SSTab1, with their mnemonics.
 struct TabDescription {
   std::string_view caption;
   char mnemonic;
 };
-std::span<const TabDescription> tabs();
 
 /// An entry of the menu tree; those of a submenu follow it one level deeper.
 struct MenuDescription {
@@ -84,8 +66,6 @@ struct MenuDescription {
   Mark mark = Mark::None;    ///< the check mark ahead of the start-up
   bool enabled = true;       ///< a submenu that is not can't be opened
 };
-
-std::span<const MenuDescription> menuTree();
 
 /// Client area of the window in twips, 1440 to the inch.
 inline constexpr int clientWidth = 9390;

@@ -1,4 +1,5 @@
 #include "shell/window_controls.h"
+#include "shell/window_table.h"
 #include "support/window.h"
 #include "widgets/spin_arrows.h"
 #include "widgets/status_line.h"

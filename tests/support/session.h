@@ -1,7 +1,7 @@
 #pragma once
 
 #include "shell/port_texts.h"
-#include "shell/window_description.h"
+#include "shell/window_controls.h"
 #include "support/image.h"
 #include "support/program.h"
 #include "support/rows.h"

@@ -1,28 +1,28 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
 #include "shell/window_description.h"
 
-#include <algorithm>
-#include <cassert>
-#include <cstddef>
-#include <iterator>
+/// What is on the window: the one place that has the names of its controls.
+namespace monitra::shell::window {
 
-namespace monitra::shell {
-
-namespace {
-
-constexpr std::string_view unitTip = "PWM alapidők 0.1mS (10kHz)";
-constexpr std::string_view holdingTip = "PWM fékező gerjesztési frekvencia és kitöltési tényezője";
-constexpr std::string_view wholeStepTip = "Fél és egész léptetési rendszer váltása.";
-constexpr std::string_view makerTip = "Monitra";
-constexpr std::string_view arrowHint = "A fel és a le billentyű és a görgő is lépteti.";
-constexpr std::string_view jogHint =
+inline constexpr std::string_view unitTip = "PWM alapidők 0.1mS (10kHz)";
+inline constexpr std::string_view holdingTip =
+    "PWM fékező gerjesztési frekvencia és kitöltési tényezője";
+inline constexpr std::string_view wholeStepTip = "Fél és egész léptetési rendszer váltása.";
+inline constexpr std::string_view makerTip = "Monitra";
+inline constexpr std::string_view arrowHint = "A fel és a le billentyű és a görgő is lépteti.";
+inline constexpr std::string_view jogHint =
     "Amíg az egér vagy a szóköz lenyomva tartja, léptet, ha az impulzusgenerátor jár.";
-constexpr std::string_view phaseHint = "A motornak csak ezt a fázisát kapcsolja be.";
-constexpr std::string_view supplyHint = "A csatlakozó plusz pontja, nem kapcsolható.";
-constexpr std::string_view offHint = "A motort kikapcsolja.";
+inline constexpr std::string_view phaseHint = "A motornak csak ezt a fázisát kapcsolja be.";
+inline constexpr std::string_view supplyHint = "A csatlakozó plusz pontja, nem kapcsolható.";
+inline constexpr std::string_view offHint = "A motort kikapcsolja.";
 
 // A table to be read across; the formatter would give each field a line of its own.
 // clang-format off
-constexpr ControlDescription controls[] = {
+inline constexpr ControlDescription controls[] = {
     // The window
     {.name = "SSTab1", .kind = Kind::TabStrip, .spoken = "Fülek"},
 
@@ -275,11 +275,11 @@ constexpr ControlDescription controls[] = {
 };
 // clang-format on
 
-constexpr TabDescription tabRow[] = {
+inline constexpr TabDescription tabRow[] = {
     {"Motor Setup", 'M'}, {"Teszt", 'T'}, {"PC-Link", 'P'}, {"Infó", 'I'}};
 
 using Mark = MenuDescription::Mark;
-constexpr MenuDescription menus[] = {
+inline constexpr MenuDescription menus[] = {
     {1, "MF", "Fájl"},
     {2, "MFSetNyit", "Setup Megnyitás"},
     {2, "MFSetMent", "Setup Mentés"},
@@ -299,44 +299,22 @@ constexpr MenuDescription menus[] = {
     {2, "Nev", "Névjegy"},
 };
 
-}  // namespace
+}  // namespace monitra::shell::window
 
-std::span<const ControlDescription> windowControls() {
-  return controls;
+namespace monitra::shell {
+
+/// All of them, in the order of the window.
+constexpr std::span<const ControlDescription> windowControls() {
+  return window::controls;
 }
 
-const ControlDescription& describedControl(std::string_view name, int index) {
-  const auto* const found = std::ranges::find_if(controls, [&](const ControlDescription& entry) {
-    const auto [first, count] = entry.elements;
-    const bool single = count == 0 && index < 0;
-    return entry.name == name && (single || (index >= first && index < first + count));
-  });
-  assert(found != std::end(controls));
-  return *found;
+/// Captions of the tabs, in the order of SSTab1, with their mnemonics.
+constexpr std::span<const TabDescription> tabs() {
+  return window::tabRow;
 }
 
-std::string spokenName(const ControlDescription& control, int index) {
-  constexpr std::string_view axes = "XYZ";
-  std::string name(control.spoken.empty() ? control.caption : control.spoken);
-  const std::size_t axis = name.find('%');
-  if (control.elements.count > 1 && axis != std::string::npos) {
-    name[axis] = axes[static_cast<std::size_t>(index - control.elements.first)];
-  }
-  return name;
-}
-
-std::string_view spokenStatus(controls::Status kind) {
-  using controls::Status;
-  if (kind == Status::Plain) return {};
-  return kind == Status::Done ? "Kész: " : kind == Status::Warning ? "Figyelem: " : "Hiba: ";
-}
-
-std::span<const TabDescription> tabs() {
-  return tabRow;
-}
-
-std::span<const MenuDescription> menuTree() {
-  return menus;
+constexpr std::span<const MenuDescription> menuTree() {
+  return window::menus;
 }
 
 }  // namespace monitra::shell
