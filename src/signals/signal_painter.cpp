@@ -72,8 +72,8 @@ void SignalPainter::paint(std::size_t chosenRow) {
   if (!rows_.empty()) {
     painter_.fillRect(layout_.row(chosenRow), palette_.color(QPalette::AlternateBase));
   }
-  paintShortPhases();
   for (std::size_t number = 0; number < rows_.size(); ++number) paintRow(number);
+  paintShortPhases();
   paintMessages();
   painter_.restore();
 }
@@ -126,6 +126,7 @@ void SignalPainter::paintRuler() {
     painter_.drawLine(x, layout_.decoded.top(), x, layout_.levels.bottom());
     painter_.setPen(text);
     painter_.drawLine(x, layout_.ruler.bottom() - 4, x, layout_.ruler.bottom());
+    if (x < layout_.ruler.left()) continue;
     painter_.drawText(x + air, layout_.ruler.top() + metrics.ascent() + 1, rulerText(time, step));
   }
   painter_.restore();
@@ -191,7 +192,9 @@ void SignalPainter::paintShortPhases() {
   constexpr int leastWidth = 2;
   const auto& phases = trace_.decoder().shortPhases();
   const QRect rows = layout_.row(0).united(layout_.row(1));
-  const QColor red = fault(dark_);
+  QColor red = fault(dark_);
+  constexpr int translucent = 170;
+  red.setAlpha(translucent);
   const auto endsAfter = [](Time time, const wire::Phase& phase) { return time < phase.end; };
   auto phase = std::upper_bound(phases.begin(), phases.end(), scale_.from(), endsAfter);
   while (phase != phases.end() && phase->start < scale_.to()) {

@@ -77,6 +77,9 @@ struct Session : testing::Test, Program {
     for (int i = 0; i < timing::timingFields; ++i) {
       all[std::string(timing::timingFieldNames[i])] = field(setup.box(i), setup.FolLe[i]);
     }
+    if (lap.MotorAram.On) all["lamps"] += "windings ";
+    if (lap.Maromotor.On) all["lamps"] += "spindle ";
+    if (lap.OrajelMagas.On) all["lamps"] += "clock ";
     EXPECT_EQ(marks, shownMarks()) << "told at each change";
     return all;
   }
