@@ -81,7 +81,7 @@ fuzz() {
   ! setarch -R true 2>/dev/null || steady="setarch -R"
   shared=/dev/shm
   [ -w "$shared" ] || shared=${TMPDIR:-/tmp}
-  for fuzzer in lap pwm hex preferences; do
+  for fuzzer in lap pwm hex preferences wire; do
     mkdir -p "$finds/$fuzzer"
     corpus=$(find "tests/fuzz/corpus/$fuzzer" -type f | LC_ALL=C sort | paste -sd,)
     if ! TMPDIR=$shared $steady "build/fuzz/bin/fuzz_$fuzzer" -max_len=4096 -timeout=60 -print_funcs=0 \

@@ -5,7 +5,7 @@
 #include "support/scratch.h"
 
 using Fuzzer = int(const std::uint8_t* data, std::size_t size);
-extern "C" Fuzzer lap_fuzz, pwm_fuzz, hex_fuzz, preferences_fuzz;
+extern "C" Fuzzer lap_fuzz, pwm_fuzz, hex_fuzz, preferences_fuzz, wire_fuzz;
 
 /// Plays each file of the corpus as it is, and with more and more lines of all of them put in.
 static void play(const std::string& name, Fuzzer* fuzzer) {
@@ -35,4 +35,5 @@ TEST(Fuzz, HoldsWithItsCorpusAndWithMixedLinesOfIt) {
   play("pwm", pwm_fuzz);
   play("hex", hex_fuzz);
   play("preferences", preferences_fuzz);
+  play("wire", wire_fuzz);
 }

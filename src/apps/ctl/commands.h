@@ -77,4 +77,18 @@ ExitCode frame(const FrameOptions& options);
 /// none of them.
 ExitCode listPorts(bool json);
 
+struct DecodeOptions {
+  std::string file;
+  std::string other;  ///< to compare with; empty: none
+  std::string data;   ///< name of the data wire in the recording; empty: as the program names it
+  std::string clock;  ///< given with the data wire only
+  std::string pcb;    ///< "32" or "40"; empty: the recording tells it
+  bool json = false;
+};
+
+/// Prints the messages in a recording of the pins, those ahead of the fault in one that breaks
+/// off, or what differs between those of two recordings. A file error if one can't be read to its
+/// end, and if anything differs.
+ExitCode decode(const DecodeOptions& options);
+
 }  // namespace monitra::ctl

@@ -147,6 +147,25 @@ void addPorts(CLI::App& app, bool& json) {
       ->add_flag("--json", json, "Kiírás egyetlen JSON objektumként");
 }
 
+void addDecode(CLI::App& app, DecodeOptions& options) {
+  CLI::App* const command =
+      addCommand(app, "decode", "Egy VCD-felvétel üzenetei, vagy két felvétel eltérései.");
+  addFile(command, "TRACE.vcd", options.file, "A felvétel");
+  command
+      ->add_option("--data", options.data,
+                   "Az adatvezeték neve egy más programtól való felvételben; a --clock is kell")
+      ->option_text("NÉV");
+  command->add_option("--clock", options.clock, "Az órajelvezeték neve")->option_text("NÉV");
+  command->add_option("--pcb", options.pcb, "Panel verziója, ha a felvétel nem mondja meg")
+      ->option_text("32|40")
+      ->check(oneOf({"32", "40"}));
+  command
+      ->add_option("--compare", options.other,
+                   "Másik felvétel: az eltéréseket írja ki; a kód 1, ha van, 0, ha nincs")
+      ->option_text("B.vcd");
+  command->add_flag("--json", options.json, "Kiírás egyetlen JSON objektumként");
+}
+
 struct FirmwareOptions {
   ShowOptions show;
   PatchOptions patch;
@@ -179,7 +198,7 @@ ExitCode runFirmware(const CLI::App& command, const FirmwareOptions& options) {
 }
 
 int run(int argc, char** argv) {
-  CLI::App app("Monitra parancssorból: Setup fájl és firmware megnézése, feltöltés.",
+  CLI::App app("Monitra parancssorból: Setup fájl, firmware és felvétel megnézése, feltöltés.",
                "monitra-ctl");
   makeHungarian(app);
   app.failure_message(usageText);
@@ -191,12 +210,14 @@ int run(int argc, char** argv) {
   FrameOptions frameOptions;
   bool portsAsJson = false;
   FirmwareOptions firmwareOptions;
+  DecodeOptions decodeOptions;
   addShow(app, showOptions);
   addUpload(app, uploadOptions);
   addOff(app, offOptions);
   addFrame(app, frameOptions);
   addPorts(app, portsAsJson);
   addFirmware(app, firmwareOptions);
+  addDecode(app, decodeOptions);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -208,6 +229,7 @@ int run(int argc, char** argv) {
   if (app.got_subcommand("show")) return show(showOptions);
   if (app.got_subcommand("off")) return off(offOptions);
   if (app.got_subcommand("frame")) return frame(frameOptions);
+  if (app.got_subcommand("decode")) return decode(decodeOptions);
   if (app.got_subcommand("ports")) return listPorts(portsAsJson);
   return upload(uploadOptions);
 }
