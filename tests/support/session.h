@@ -56,6 +56,7 @@ struct Session : testing::Test, Program {
     const timing::SetupPanel& setup = lap.setup;
     Values all{{"status", status()},
                {"marks", marks},
+               {"lamps", ""},
                {"window", lap.form.Caption},
                {"port", lap.PortAllapot.Caption},
                {"firmware", lap.kozos.FirmwareNev + ", " + lap.kozos.FirmwareCel},
