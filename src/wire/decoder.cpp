@@ -84,8 +84,14 @@ void Decoder::edge(Time time, bool clockMoved) {
     noteShort(*before, time, &owner);
     return;
   }
-  // Of the data line's changes ahead of a first bit only the last one sets it up.
-  if (part_.start && bitCount_ == 0 && current_.bytes.empty() && !clockMoved) part_ = {};
+  // Of the data line's changes ahead of a first bit only the last one sets it up. The level ahead
+  // of that may be short: the line may be put to idle right ahead of a message.
+  if (part_.start && bitCount_ == 0 && current_.bytes.empty() && !clockMoved) {
+    part_.start = time;
+    part_.end = time;
+    part_.longestPause = {};
+    return;
+  }
   if (before) noteShort(*before, time, nullptr);
   if (!part_.start) {
     part_.start = time;
