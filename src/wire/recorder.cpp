@@ -22,7 +22,9 @@ Recorder::Recorder(platform::PortRegisters& registers, const platform::PortState
       sleeper_(sleeper),
       ports_{Port{ports[0], Trace(boardLayout(link::Pcb::V4x))},
              Port{ports[1], Trace(boardLayout(link::Pcb::V4x))},
-             Port{ports[2], Trace(boardLayout(link::Pcb::V4x))}} {}
+             Port{ports[2], Trace(boardLayout(link::Pcb::V4x))}} {
+  for (Port& port : ports_) port.trace.prepare();
+}
 
 std::uint8_t Recorder::DlPortReadPortUchar(std::int32_t address) {
   return registers_.DlPortReadPortUchar(address);
