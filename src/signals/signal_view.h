@@ -21,6 +21,8 @@ namespace monitra::signals {
 /// controller makes of it above. Wheel, keys and the scroll bar move and zoom it; two cursors, A
 /// and B, stay where they are put.
 class SignalView : public QWidget {
+  Q_OBJECT
+
  public:
   explicit SignalView(QWidget* parent = nullptr);
 

@@ -106,6 +106,8 @@ SignalsWindow::SignalsWindow(Live live, QWidget* parent)
   secondView_->setAccessibleName(QStringLiteral("A második felvétel jelei"));
   endComparison();
   showLive();
+  constexpr QSize usual(1120, 780);
+  resize(usual);
 }
 
 QPushButton* SignalsWindow::addButton(QHBoxLayout* row, const char* text, const char* tip,
@@ -270,6 +272,7 @@ void SignalsWindow::refresh() {
   messages_.refresh();
   pairs_.refresh();
   machine_->refresh();
+  view_->pointed();
   tellSource();
   tellSums();
 }
