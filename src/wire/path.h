@@ -15,7 +15,9 @@ class Path {
     bool operator==(const Point&) const = default;
   };
 
-  static constexpr std::size_t mostPoints = 8192;
+  static constexpr std::size_t mostPoints = 4096;
+
+  Path() { points_.reserve(mostPoints + 1); }
 
   void add(Point point);
   const std::vector<Point>& points() const { return points_; }
