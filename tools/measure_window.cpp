@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QKeyEvent>
+#include <QTest>
 #include <QTimer>
 #include <algorithm>
 #include <array>
@@ -7,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "apps/signals_button.h"
 #include "desktop/main_window.h"
 #include "host/pacer.h"
 #include "ports/recorder.h"
@@ -17,6 +19,9 @@
 ///   measure_window ticks STEPS_PER_SECOND SECONDS  how evenly the pulse generator steps with a jog
 ///     button held: the nominal rate and the mean one, and of the intervals in milliseconds the 1
 ///     %, 50 % and 99 % quantiles and the longest
+///   measure_window openings COUNT  opens and closes the window of the signals so many times while
+///     the generator runs at 1000 steps a second: the ticks meanwhile, the longest interval between
+///     two and the median time of an opening with its first frame, in milliseconds
 ///   measure_window captions PRESSES  the median time in microseconds from a press on an arrow of
 ///     FolLe until all nine captions have their text: with the window, with the window until it has
 ///     painted them too, and without it
@@ -43,6 +48,44 @@ struct Measured {
                   [] {}}};
 };
 
+/// When the ticks began: each one begins with a write to the control register.
+std::vector<double> tickTimes(const Measured& measured) {
+  std::vector<double> times;
+  for (const ports::PortEvent& event : measured.recorder.events()) {
+    if (event.kind == ports::PortEvent::Kind::Write && event.address == 0x37A) {
+      times.push_back(std::chrono::duration<double, std::milli>(event.end).count());
+    }
+  }
+  return times;
+}
+
+int measureOpenings(Measured& measured, int count) {
+  shell::Lap& lap = measured.lap;
+  apps::SignalsButton button(lap, measured.simulated);
+  lap.SSTab1.Tab = 1;
+  lap.jog.Seb.type("1000");
+  constexpr int settled = 300;
+  QTest::qWait(settled);
+  lap.jog.Impulzus.click();
+  std::vector<double> took;
+  for (int n = 0; n < count; ++n) {
+    const auto start = Clock::now();
+    lap.Jelek.click();
+    button.window()->repaint();
+    took.push_back(Microseconds(Clock::now() - start).count() / 1000);
+    if (n % 100 == 0) QTest::qWait(settled);  // it follows for a while
+    button.window()->close();
+    QTest::qWait(2);
+    if (button.window() != nullptr || !lap.jog.Timer1.Enabled) return EXIT_FAILURE;
+  }
+  const std::vector<double> times = tickTimes(measured);
+  double longest = 0;
+  for (std::size_t n = 1; n < times.size(); ++n)
+    longest = std::max(longest, times[n] - times[n - 1]);
+  std::printf("%zu %.1f %.1f\n", times.size(), longest, quantile(took, 0.5));
+  return EXIT_SUCCESS;
+}
+
 int measureTicks(Measured& measured, const std::string& rate, int seconds) {
   shell::Lap& lap = measured.lap;
   lap.SSTab1.Tab = 1;
@@ -56,13 +99,8 @@ int measureTicks(Measured& measured, const std::string& rate, int seconds) {
   });
   QApplication::exec();
 
-  // The first write to the control register is a tick's beginning.
-  std::vector<double> times, gaps;
-  for (const ports::PortEvent& event : measured.recorder.events()) {
-    if (event.kind == ports::PortEvent::Kind::Write && event.address == 0x37A) {
-      times.push_back(std::chrono::duration<double, std::milli>(event.end).count());
-    }
-  }
+  const std::vector<double> times = tickTimes(measured);
+  std::vector<double> gaps;
   if (times.size() < 3) return EXIT_FAILURE;
   for (std::size_t n = 1; n < times.size(); ++n) gaps.push_back(times[n] - times[n - 1]);
   std::printf("%.4f %.4f %.4f %.4f %.4f %.4f\n", 1000.0 / lap.jog.Timer1.Interval,
@@ -118,5 +156,6 @@ int main(int argc, char** argv) {
   if (std::strcmp(argv[1], "ticks") == 0) {
     return measureTicks(measured, argv[2], argc > 3 ? std::atoi(argv[3]) : 10);
   }
+  if (std::strcmp(argv[1], "openings") == 0) return measureOpenings(measured, std::atoi(argv[2]));
   return measureCaptions(window, std::atoi(argv[2]));
 }

@@ -2,13 +2,13 @@
 
 #include <QApplication>
 #include <QLibraryInfo>
-#include <QPointer>
 #include <QTimer>
 #include <QTranslator>
 #include <cstdlib>
 #include <iostream>
 
 #include "apps/named_file.h"
+#include "apps/signals_button.h"
 #include "desktop/end_watch.h"
 #include "desktop/main_window.h"
 #include "desktop/qt_file_dialog.h"
@@ -19,7 +19,6 @@
 #include "host/pacer.h"
 #include "host/windows1250.h"
 #include "settings/json_settings.h"
-#include "signals/signals_window.h"
 #include "widgets/accessibility.h"
 #include "widgets/svg_icon.h"
 #include "widgets/window_style.h"
@@ -35,42 +34,6 @@ void preferX() {
     qputenv("QT_QPA_PLATFORM", "xcb;wayland");
   }
 }
-
-/// What the window "Jelek" shows of the program: the selected port.
-signals::Live liveSignals(shell::Lap& lap, platform::PortStates& ports) {
-  const auto source = [&lap, &ports] {
-    const bool simulated =
-        ports.state(lap.selectedAddress()).kind == platform::PortState::Kind::Simulated;
-    return QStringLiteral("%1: ami a(z) %2 portra kiment, és amit egy %3 vezérlő kiolvasna belőle.")
-        .arg(simulated ? QStringLiteral("Szimulált port") : QStringLiteral("Élő"),
-             QString::fromStdString(lap.port.LPT.text()),
-             QString::fromStdString(lap.port.PCBV.Caption.get()));
-  };
-  return {[&lap]() -> const wire::Trace& { return lap.recorder().trace(lap.selectedAddress()); },
-          [&lap] { lap.passTime(); }, source};
-}
-
-/// Opens the window at the button's click, or brings the open one to the front.
-class SignalsButton {
- public:
-  SignalsButton(shell::Lap& lap, platform::PortStates& ports) {
-    lap.Jelek.Click.handle([this, &lap, &ports] {
-      if (window_ == nullptr) {
-        window_ = new signals::SignalsWindow(liveSignals(lap, ports));
-        window_->setAttribute(Qt::WA_DeleteOnClose);
-      }
-      window_->show();
-      window_->raise();
-      window_->activateWindow();
-    });
-  }
-  SignalsButton(const SignalsButton&) = delete;
-  SignalsButton& operator=(const SignalsButton&) = delete;
-  ~SignalsButton() { delete window_; }
-
- private:
-  QPointer<signals::SignalsWindow> window_;
-};
 
 }  // namespace
 
