@@ -19,10 +19,10 @@ class History {
   /// Number of a change since the very first one, which keeps it when older ones go.
   using Index = std::int64_t;
 
-  static constexpr Index blockSize = Index{1} << 16;
+  static constexpr Index blockSize = Index{1} << 14;
   /// Blocks of a live history: 4.2 million changes in 42 MB, which is 17 minutes of the generator
   /// at 1000 steps a second with four changes a step.
-  static constexpr std::size_t liveBlocks = 64;
+  static constexpr std::size_t liveBlocks = 256;
   static constexpr std::size_t unbounded = std::numeric_limits<std::size_t>::max();
 
   /// At least two blocks.

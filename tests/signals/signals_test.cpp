@@ -35,7 +35,7 @@ struct Recorded : testing::Test {
     for (int n = 0; n < steps; ++n) set(0x10), set(0);
   }
 
-  wire::Trace trace{wire::boardLayout(link::Pcb::V4x), 2};
+  wire::Trace trace{wire::boardLayout(link::Pcb::V4x), 8};
   Time now = 1h;
 };
 
