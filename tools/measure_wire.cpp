@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "link/upload.h"
-#include "ports/printer_ports.h"
+#include "platform/port_states.h"
 #include "wire/recorder.h"
 #include "wire/vcd_reader.h"
 #include "wire/vcd_writer.h"
@@ -25,7 +25,7 @@ using namespace monitra;
 using Clock = std::chrono::steady_clock;
 
 constexpr std::int32_t dataAddress = 0x378;
-constexpr std::int32_t controlAddress = dataAddress + ports::controlOffset;
+constexpr std::int32_t controlAddress = 0x37A;
 
 /// Registers in memory, and a clock that shows when the generator would have come to a write.
 struct Fake : platform::PortRegisters, platform::PortStates, platform::Sleeper {

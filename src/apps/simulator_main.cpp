@@ -21,13 +21,13 @@ using namespace monitra;
 class Report {
  public:
   Report(shell::Lap& lap, ports::SimulatedPort& port) : lap_(lap) {
-    port.received = [this](std::int32_t address, const ports::VirtualController& controller,
-                           const ports::Received& message) {
-      if (message.kind == ports::Received::Kind::Unknown && !isSelected(controller)) return;
+    port.received = [this](std::int32_t address, const controller::VirtualController& controller,
+                           const controller::Received& message) {
+      if (message.kind == controller::Received::Kind::Unknown && !isSelected(controller)) return;
       tellRested();
       tellReceived(place(address, controller), controller, message);
     };
-    port.moved = [this](std::int32_t address, const ports::VirtualController& controller) {
+    port.moved = [this](std::int32_t address, const controller::VirtualController& controller) {
       if (!isSelected(controller)) return;
       moving_[&controller] = {address, true};
       if (!timer_.isActive()) timer_.start(interval_);
@@ -46,12 +46,12 @@ class Report {
   };
 
   /// The other board's controller hears pins that are not meant for it.
-  bool isSelected(const ports::VirtualController& controller) const {
+  bool isSelected(const controller::VirtualController& controller) const {
     return controller.wiring().board == lap_.port.PCBV.Caption.get();
   }
 
   /// The controller's place, as "&H378 PCB V4.x".
-  std::string place(std::int32_t address, const ports::VirtualController& controller) const {
+  std::string place(std::int32_t address, const controller::VirtualController& controller) const {
     std::string at;
     for (const std::string& entry : lap_.port.LPT.Items) {
       if (link::portAddress(entry) == address) at = entry;
@@ -61,11 +61,12 @@ class Report {
     return at;
   }
 
-  void tellReceived(const std::string& at, const ports::VirtualController& controller,
-                    const ports::Received& message) {
-    const std::string bytes = ports::bytesText(message.bytes);
-    const bool isFrame = message.kind == ports::Received::Kind::Frame;
-    const std::string machine = isFrame ? " (" + ports::describe(controller.machine()) + ")" : "";
+  void tellReceived(const std::string& at, const controller::VirtualController& controller,
+                    const controller::Received& message) {
+    const std::string bytes = controller::bytesText(message.bytes);
+    const bool isFrame = message.kind == controller::Received::Kind::Frame;
+    const std::string machine =
+        isFrame ? " (" + controller::describe(controller.machine()) + ")" : "";
     std::string status = "ezt kapta: " + (isSelected(controller) ? bytes : at + ": " + bytes);
     if (isFrame) status = shown(controller) + "; " + status;
     show(status);
@@ -78,8 +79,8 @@ class Report {
 
   /// What the machine does, for the status line, which may be too short for all of it: the load
   /// comes first.
-  static std::string shown(const ports::VirtualController& controller) {
-    const std::string all = ports::describe(controller.machine());
+  static std::string shown(const controller::VirtualController& controller) {
+    const std::string all = controller::describe(controller.machine());
     const std::size_t load = all.find("terhelés");
     return all.substr(load) + ", " + all.substr(0, all.rfind(", ", load));
   }
@@ -101,14 +102,15 @@ class Report {
     if (rested) tellRested();
   }
 
-  std::string state(const ports::VirtualController& controller, const Movement& movement) const {
-    return place(movement.address, controller) + ": " + ports::describe(controller.machine());
+  std::string state(const controller::VirtualController& controller,
+                    const Movement& movement) const {
+    return place(movement.address, controller) + ": " + controller::describe(controller.machine());
   }
 
   static constexpr int interval_ = 150;
 
   shell::Lap& lap_;
-  std::map<const ports::VirtualController*, Movement> moving_;
+  std::map<const controller::VirtualController*, Movement> moving_;
   QTimer timer_;
   controls::Observation board_;
 };

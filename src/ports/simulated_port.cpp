@@ -16,7 +16,8 @@ constexpr std::chrono::milliseconds patience{200};
 SimulatedPort::SimulatedPort(Clock clock) : clock_(std::move(clock)) {
   for (const std::int32_t address : {0x378, 0x278, 0x3BC}) {
     auto& controllers = ports_[address].controllers;
-    controllers = {VirtualController(wiringV32), VirtualController(wiringV4x)};
+    controllers = {VirtualController(controller::wiringV32),
+                   VirtualController(controller::wiringV4x)};
     for (VirtualController& controller : controllers) {
       controller.received = [this, address, &controller](const Received& message) {
         if (received) received(address, controller, message);

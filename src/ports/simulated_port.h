@@ -7,12 +7,15 @@
 #include <string_view>
 #include <vector>
 
+#include "controller/virtual_controller.h"
 #include "platform/port_registers.h"
 #include "platform/port_states.h"
 #include "ports/register_memory.h"
-#include "ports/virtual_controller.h"
 
 namespace monitra::ports {
+
+using controller::Received;
+using controller::VirtualController;
 
 /// Printer ports at the three usual addresses. On each hangs a virtual controller of either board
 /// revision, and both see the levels of all pins.

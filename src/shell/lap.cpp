@@ -232,7 +232,7 @@ void Lap::showLamps() {
   bool energised = false;
   bool spins = false;
   for (const std::int32_t entry : wire::Recorder::ports) {
-    const ports::Machine& machine = recorder_.trace(entry).machine();
+    const controller::Machine& machine = recorder_.trace(entry).machine();
     energised = energised || machine.loadPercent() > 0;
     spins = spins || machine.spindle.value_or(false);
   }

@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "ports/virtual_controller.h"
+#include "controller/virtual_controller.h"
 #include "widgets/looks.h"
 #include "widgets/text.h"
 
@@ -47,7 +47,7 @@ void MachineView::setTrace(const wire::Trace* trace) {
 }
 
 void MachineView::refresh() {
-  const QString now = trace_ == nullptr ? QString() : toQt(ports::describe(trace_->machine()));
+  const QString now = trace_ == nullptr ? QString() : toQt(controller::describe(trace_->machine()));
   if (now == shown_ && trace_ != nullptr) return;
   shown_ = now;
   setAccessibleDescription(shown_);
@@ -75,7 +75,7 @@ void MachineView::paintEvent(QPaintEvent* /*event*/) {
 }
 
 QString MachineView::sumText() const {
-  const ports::Machine& machine = trace_->machine();
+  const controller::Machine& machine = trace_->machine();
   QString text = QStringLiteral("Terhelés: %1%").arg(machine.loadPercent(), 0, 'f', 1);
   if (!trace_->layout().hasBoard) return text;
   const char* const spindle = !machine.spindle ? "ismeretlen" : *machine.spindle ? "be" : "ki";
@@ -83,7 +83,7 @@ QString MachineView::sumText() const {
 }
 
 void MachineView::paintAxis(QPainter& painter, std::size_t axis, const QRect& row) const {
-  const ports::Machine::Axis& of = trace_->machine().axes[axis];
+  const controller::Machine::Axis& of = trace_->machine().axes[axis];
   QString place = QString(QLatin1Char("XYZ"[axis]));
   if (trace_->layout().hasBoard) {
     place +=

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <cstdio>
 
+#include "controller/virtual_controller.h"
 #include "link/command_frames.h"
-#include "ports/virtual_controller.h"
 
 namespace monitra::wire {
 
@@ -36,7 +36,7 @@ std::string unknownMeaning(const Message& message) {
   } else if (message.fault == Message::Fault::WrongHead) {
     reason = "rossz fej";
   }
-  return "Hibás (" + reason + "): " + ports::bytesText(message.bytes);
+  return "Hibás (" + reason + "): " + controller::bytesText(message.bytes);
 }
 
 }  // namespace
@@ -78,7 +78,7 @@ std::string kindText(Message::Kind kind) {
 std::string meaning(const Message& message) {
   if (message.kind == Message::Kind::Unknown) return unknownMeaning(message);
   if (message.kind == Message::Kind::Frame) {
-    return ports::describe({ports::Received::Kind::Frame, message.bytes}).front();
+    return controller::describe({controller::Received::Kind::Frame, message.bytes}).front();
   }
   std::string text;
   for (const SetupField& field : setupFields(message.bytes)) {

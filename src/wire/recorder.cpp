@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cassert>
 
-#include "ports/port_driver.h"
+#include "link/port_selection.h"
 
 namespace monitra::wire {
 
@@ -11,7 +11,8 @@ namespace {
 
 constexpr int bitsOfRegister = 8;
 constexpr Levels dataWires = 0x00FF;
-constexpr Levels controlWires = monitra::ports::controlLines << bitsOfRegister;
+/// Bits above its lines are no pins.
+constexpr Levels controlWires = 0x0F00;
 
 }  // namespace
 
@@ -50,7 +51,7 @@ std::size_t Recorder::portOf(std::int32_t address, Levels& wires) const {
   for (; which < ports_.size(); ++which) {
     const std::int32_t data = ports_[which].address;
     if (address == data) wires = dataWires;
-    if (address == data + monitra::ports::controlOffset) wires = controlWires;
+    if (address == link::controlAddress(data)) wires = controlWires;
     if (wires != 0) break;
   }
   return which;

@@ -18,7 +18,7 @@ Layout boardLayout(link::Pcb pcb) {
   layout.lines = {pins.SorosAdatBit, pins.SorosOrajelBit,
                   static_cast<Levels>(link::mask(pins.XStepBit) | link::mask(pins.YStepBit) |
                                       link::mask(pins.ZStepBit))};
-  layout.wiring = pcb == link::Pcb::V32 ? ports::wiringV32 : ports::wiringV4x;
+  layout.wiring = pcb == link::Pcb::V32 ? controller::wiringV32 : controller::wiringV4x;
   layout.hasBoard = true;
   return layout;
 }
@@ -68,7 +68,7 @@ void Trace::hear(Levels changed) {
   // What isn't known stands high, so that its first level is no edge.
   const auto heard = static_cast<Levels>(levels_ | ~known_);
   if ((changed & dataRegister) != 0) {
-    const std::array<ports::Machine::Axis, 3> before = controller_.machine().axes;
+    const std::array<controller::Machine::Axis, 3> before = controller_.machine().axes;
     controller_.dataPins(static_cast<std::uint8_t>(heard));
     if (layout_.hasBoard) followSteps(before);
   }
@@ -77,7 +77,7 @@ void Trace::hear(Levels changed) {
   }
 }
 
-void Trace::followSteps(const std::array<ports::Machine::Axis, 3>& before) {
+void Trace::followSteps(const std::array<controller::Machine::Axis, 3>& before) {
   const auto& axes = controller_.machine().axes;
   for (std::size_t axis = 0; axis < axes.size(); ++axis) {
     const long way = axes[axis].position() - before[axis].position();

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "controller/virtual_controller.h"
 #include "link/pin_map.h"
-#include "ports/virtual_controller.h"
 #include "wire/decoder.h"
 #include "wire/history.h"
 #include "wire/path.h"
@@ -17,7 +17,7 @@ struct Layout {
   std::array<std::string, maxWires> names;  ///< empty: there is no such wire
   SerialLines lines;
   /// How a controller hears them. Of a recording without a board it hears the serial line only.
-  ports::Wiring wiring;
+  controller::Wiring wiring;
   bool hasBoard = false;  ///< the wires of steps, directions and the relay are there too
 };
 
@@ -51,7 +51,7 @@ class Trace {
   const Layout& layout() const { return layout_; }
   const History& history() const { return history_; }
   const Decoder& decoder() const { return decoder_; }
-  const ports::Machine& machine() const { return controller_.machine(); }
+  const controller::Machine& machine() const { return controller_.machine(); }
   const Path& path() const { return path_; }
   /// Of the last step of X, Y, Z: 1 or -1; 0 ahead of the first.
   const std::array<int, 3>& directions() const { return directions_; }
@@ -65,12 +65,12 @@ class Trace {
 
  private:
   void hear(Levels changed);
-  void followSteps(const std::array<ports::Machine::Axis, 3>& before);
+  void followSteps(const std::array<controller::Machine::Axis, 3>& before);
 
   Layout layout_;
   History history_;
   Decoder decoder_;
-  ports::VirtualController controller_;
+  controller::VirtualController controller_;
   Path path_;
   std::array<int, 3> directions_{};
   Levels levels_ = 0;

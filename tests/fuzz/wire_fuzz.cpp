@@ -50,9 +50,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   layout.lines.steps = 4;
   layout.wiring.stepBits[0] = 2;
   wire::Trace trace(layout, 2);
-  ports::VirtualController controller(layout.wiring);
+  controller::VirtualController controller(layout.wiring);
   Told expected;
-  controller.received = [&](const ports::Received& message) {
+  controller.received = [&](const controller::Received& message) {
     expected.add(static_cast<int>(message.kind), message.bytes);
   };
   wire::Time now{}, clock{};

@@ -19,6 +19,7 @@
 namespace monitra::ports {
 namespace {
 
+using namespace controller;
 using namespace support;
 using namespace std::chrono_literals;
 using platform::PortState;

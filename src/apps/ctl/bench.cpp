@@ -23,14 +23,15 @@ std::string lptIndex(const std::string& digits) {
   return digits == "378" ? "0" : digits == "278" ? "1" : "2";
 }
 
-void printReceived(const ports::VirtualController& controller, const ports::Received& message) {
+void printReceived(const controller::VirtualController& controller,
+                   const controller::Received& message) {
   std::cout << "\nA virtuális vezérlő (" << controller.wiring().board << ") "
             << message.bytes.size() << " bájtot kapott:\n";
   for (std::size_t position = 0; position < message.bytes.size(); ++position) {
     std::cout << std::setw(4) << position << ": " << std::setw(3)
               << static_cast<int>(message.bytes[position]) << '\n';
   }
-  for (const std::string& line : ports::describe(message)) std::cout << line << '\n';
+  for (const std::string& line : controller::describe(message)) std::cout << line << '\n';
 }
 
 }  // namespace
@@ -46,8 +47,10 @@ Bench::Bench(const PortOptions& options)
                [this](const std::string& text, int style) { return answer(text, style); }) {
   isUnset_ = !session_.hasPreferences() && (options.lpt.empty() || options.pcb.empty());
   if (!simulated_) return;
-  simulated_->received = [](std::int32_t, const ports::VirtualController& controller,
-                            const ports::Received& message) { printReceived(controller, message); };
+  simulated_->received = [](std::int32_t, const controller::VirtualController& controller,
+                            const controller::Received& message) {
+    printReceived(controller, message);
+  };
 }
 
 Bench::~Bench() {

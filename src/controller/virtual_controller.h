@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace monitra::ports {
+namespace monitra::controller {
 
 /// How a board is wired to the port, as its own connector shows it: bits of the data register, for
 /// the axes X, Y, Z, and of the control register. The serial line shares two direction pins.
@@ -105,4 +105,4 @@ std::vector<std::string> describe(const Received& message);
 /// The state of a machine in Hungarian, in one line.
 std::string describe(const Machine& machine);
 
-}  // namespace monitra::ports
+}  // namespace monitra::controller

@@ -1,11 +1,11 @@
-#include "ports/virtual_controller.h"
+#include "controller/virtual_controller.h"
 
 #include <array>
 #include <bit>
 #include <cstddef>
 #include <utility>
 
-namespace monitra::ports {
+namespace monitra::controller {
 
 namespace {
 
@@ -192,4 +192,4 @@ std::string describe(const Machine& machine) {
   return text;
 }
 
-}  // namespace monitra::ports
+}  // namespace monitra::controller
