@@ -1,18 +1,23 @@
 #include <QApplication>
 #include <QDir>
 #include <QTabWidget>
+#include <QTableView>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
 
+#include "apps/signals_button.h"
 #include "desktop/main_window.h"
 #include "host/executable.h"
 #include "support/program.h"
 #include "widgets/window_style.h"
 
-/// Renders each tab of the started window into a PNG: render_tabs FOLDER SUFFIX [--dark]
-/// The scale is the toolkit's (QT_SCALE_FACTOR), the platform best offscreen with a large screen.
+/// Renders each tab of the started window, and the window of the signals, into a PNG: render_tabs
+/// FOLDER SUFFIX [--dark] The scale is the toolkit's (QT_SCALE_FACTOR), the platform best offscreen
+/// with a large screen.
 namespace {
+
+using namespace monitra;
 
 QPalette darkColours() {
   QPalette colours(QColor(0x35, 0x35, 0x35));
@@ -30,10 +35,35 @@ QPalette darkColours() {
   return colours;
 }
 
+/// Leaves something on the port: a square of steps, two windings and two Setups.
+void work(support::Program& program) {
+  shell::Lap& lap = program.lap;
+  lap.SSTab1.Tab = 1;
+  lap.jog.Impulzus.click();
+  for (const int way : {0, 3, 1, 4, 2, 0}) {
+    lap.jog.Mozg[way].press();
+    for (int n = 0; n < 40; ++n) {
+      program.registers.time += std::chrono::milliseconds(10);
+      lap.jog.Timer1.tick();
+    }
+    lap.jog.Mozg[way].release();
+  }
+  lap.jog.Impulzus.click();
+  for (const int line : {0, 10}) {
+    program.registers.time += std::chrono::milliseconds(700);
+    lap.phases.L[line].click();
+  }
+  lap.SSTab1.Tab = 0;
+  for (int n = 0; n < 2; ++n) {
+    program.registers.time += std::chrono::seconds(1);
+    lap.setup.FolLe[3].pressUp();
+    lap.setup.Letolt.click();
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  using namespace monitra;
   const QApplication application(argc, argv);
   if (argc < 3) return EXIT_FAILURE;
   QApplication::setStyle(new widgets::WindowStyle);
@@ -47,18 +77,28 @@ int main(int argc, char** argv) {
   program.lap.Form_Load();
   desktop::MainWindow window(program.lap);
   window.showCentred();
-  const char* const names[] = {"motor-setup", "teszt", "pc-link", "info"};
-  int tab = 0;
-  for (const char* const name : names) {
-    program.lap.SSTab1.Tab = tab++;
+  const auto save = [&](QWidget& shown, const char* name) {
     QApplication::processEvents();
     const QString file =
         QDir(QString::fromLocal8Bit(argv[1]))
             .filePath(QStringLiteral("%1%2.png").arg(QLatin1String(name), QLatin1String(argv[2])));
-    if (!window.grab().save(file)) {
-      std::cerr << "can't write " << file.toStdString() << '\n';
-      return EXIT_FAILURE;
-    }
+    if (shown.grab().save(file)) return true;
+    std::cerr << "can't write " << file.toStdString() << '\n';
+    return false;
+  };
+  const char* const names[] = {"motor-setup", "teszt", "pc-link", "info"};
+  bool saved = true;
+  for (int tab = 0; tab < 4; ++tab) {
+    program.lap.SSTab1.Tab = tab;
+    saved = save(window, names[tab]) && saved;
   }
-  return EXIT_SUCCESS;
+  work(program);
+  apps::SignalsButton button(program.lap, program.ports);
+  program.lap.Jelek.click();
+  signals::SignalsWindow& signalsWindow = *button.window();
+  auto* const messages = signalsWindow.findChildren<QTableView*>().front();
+  messages->selectRow(2);
+  messages->scrollToTop();
+  saved = save(signalsWindow, "jelek") && saved;
+  return saved ? EXIT_SUCCESS : EXIT_FAILURE;
 }

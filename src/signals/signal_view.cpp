@@ -174,6 +174,7 @@ void SignalView::shown() {
   }
   update();
   if (moved) moved();
+  if (pointed) pointed();
 }
 
 void SignalView::scrollBy(double pixels) {

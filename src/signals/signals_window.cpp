@@ -39,10 +39,13 @@ QTableView* makeTable(QAbstractItemModel* model, const char* name, int stretched
   table->verticalHeader()->setDefaultSectionSize(words + 4);
   table->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
   table->horizontalHeader()->setSectionResizeMode(stretched, QHeaderView::Stretch);
+  QFont headFont = table->horizontalHeader()->font();
+  headFont.setBold(true);
+  const QFontMetrics heads(headFont);
   for (int column = 0; column < model->columnCount(); ++column) {
+    constexpr int air = 24;
     const QString head = model->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
-    table->setColumnWidth(column,
-                          std::max(table->fontMetrics().horizontalAdvance(head) + 16, words * 6));
+    table->setColumnWidth(column, std::max(heads.horizontalAdvance(head) + air, words * 5));
   }
   QObject::connect(table->selectionModel(), &QItemSelectionModel::currentRowChanged, table,
                    [place = std::move(place)](const QModelIndex& now) {
@@ -272,7 +275,6 @@ void SignalsWindow::refresh() {
   messages_.refresh();
   pairs_.refresh();
   machine_->refresh();
-  view_->pointed();
   tellSource();
   tellSums();
 }
