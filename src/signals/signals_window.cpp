@@ -76,7 +76,7 @@ void tell(QLabel* label, const QString& text) {
 }  // namespace
 
 SignalsWindow::SignalsWindow(Live live, QWidget* parent)
-    : QWidget(parent, Qt::Window),
+    : QMainWindow(parent),
       live_(std::move(live)),
       heading_(widgets::bold(makeLabel("Forrás"))),
       secondHeading_(widgets::bold(makeLabel("Második felvétel"))),
@@ -92,7 +92,8 @@ SignalsWindow::SignalsWindow(Live live, QWidget* parent)
                            [this](int row) { placePair(row); })),
       machine_(new MachineView) {
   setWindowTitle(QStringLiteral("Jelek"));
-  auto* const rows = new QVBoxLayout(this);
+  auto* const content = new QWidget;
+  auto* const rows = new QVBoxLayout(content);
   rows->setContentsMargins(widgets::pageMargin, widgets::pageMargin, widgets::pageMargin,
                            widgets::pageMargin);
   rows->setSpacing(widgets::smallGap);
@@ -104,6 +105,7 @@ SignalsWindow::SignalsWindow(Live live, QWidget* parent)
   parts->setStretchFactor(0, 2);
   parts->setStretchFactor(1, 1);
   rows->addWidget(parts, 1);
+  setCentralWidget(content);
   observe(view_, pointed_);
   observe(secondView_, pointed_);
   secondView_->setAccessibleName(QStringLiteral("A második felvétel jelei"));
@@ -253,13 +255,13 @@ void SignalsWindow::endComparison() {
 }
 
 void SignalsWindow::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
+  QMainWindow::showEvent(event);
   constexpr int interval = 100;  // ms; the pulses of the same thread have most of it
   if (timer_ == 0) timer_ = startTimer(interval);
 }
 
 void SignalsWindow::hideEvent(QHideEvent* event) {
-  QWidget::hideEvent(event);
+  QMainWindow::hideEvent(event);
   if (timer_ != 0) killTimer(std::exchange(timer_, 0));
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <QMainWindow>
 #include <QString>
-#include <QWidget>
 #include <functional>
 
 #include "signals/comparison_model.h"
@@ -31,7 +31,7 @@ struct Live {
 
 /// The window "Jelek": what went out, as levels over time, as messages and as the machine that a
 /// controller makes of them; live, or a recording, or two of them side by side. It only looks on.
-class SignalsWindow : public QWidget {
+class SignalsWindow : public QMainWindow {
  public:
   explicit SignalsWindow(Live live, QWidget* parent = nullptr);
 

@@ -73,10 +73,10 @@ class Program:
             if application and application.get_process_id() == self.process.pid:
                 return application
 
-    def wait_until_active(self, *roles):
-        wait_for(f"an active {roles[0]}", lambda: any(
+    def wait_until_active(self, *roles, name=""):
+        wait_for(f"an active {roles[0]} {name}", lambda: any(
             window.getRoleName() in roles and window.getState().contains(self.atspi.STATE_ACTIVE)
-            for window in self.all()))
+            and window.name.startswith(name) for window in self.all()))
 
     def all(self, start=None):
         for child in start or self.root:
@@ -203,6 +203,14 @@ def jog(program):
     assert positions()[-1][0] > 0 and positions()[-1][2] == 0, positions()[-1]
 
 
+def look_at_signals(program):
+    program.press("Jelek ablaka")
+    program.wait_until_active("frame", name="Jelek")
+    program.find("Y motor: L2 be", "table cell")
+    xdotool("key", "alt+F4")
+    program.wait_until_active("frame", name="Vilor CNC")
+
+
 def save_and_quit(program, folder):
     xdotool("key", "alt", "Down", "Down", "Return")  # "Setup Mentés" by keys alone
     answer_file_dialog(program, folder / "uj.pwm")
@@ -261,6 +269,7 @@ def drive(simulator, examples, folder):
             upload(program)
             test_phases(program)
             jog(program)
+            look_at_signals(program)
             save_and_quit(program, folder)
         except BaseException:
             print("heard:", *program.heard(), sep="\n  ")
