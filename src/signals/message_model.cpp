@@ -105,7 +105,7 @@ QVariant MessageModel::headerData(int section, Qt::Orientation orientation, int 
 
 QString MessageModel::details(int row) const {
   const Message& shown = message(row);
-  const QString all = toQt(wire::kindText(shown.kind) + ": " + wire::meaning(shown));
+  QString all = toQt(wire::kindText(shown.kind) + ": " + wire::meaning(shown));
   if (shown.kind != Message::Kind::Setup) return all;
   for (int before = row - 1; before >= 0; --before) {
     if (message(before).kind != Message::Kind::Setup) continue;

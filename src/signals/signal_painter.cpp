@@ -79,7 +79,9 @@ void SignalPainter::paint(std::size_t chosenRow) {
 }
 
 int SignalPainter::left(Time time) const {
-  const double x = std::clamp(scale_.x(time), -10.0, scale_.width() + 10.0);
+  // A level that never gets known is behind every time.
+  const Time near = std::clamp(time, scale_.from() - scale_.span(), scale_.to() + scale_.span());
+  const double x = std::clamp(scale_.x(near), -10.0, scale_.width() + 10.0);
   return layout_.levels.left() + static_cast<int>(std::floor(x));
 }
 

@@ -87,9 +87,9 @@ void Decoder::edge(Time time, bool clockMoved) {
   // Of the data line's changes ahead of a first bit only the last one sets it up. The level ahead
   // of that may be short: the line may be put to idle right ahead of a message.
   if (part_.start && bitCount_ == 0 && current_.bytes.empty() && !clockMoved) {
+    part_ = {};
     part_.start = time;
     part_.end = time;
-    part_.longestPause = {};
     return;
   }
   if (before) noteShort(*before, time, nullptr);

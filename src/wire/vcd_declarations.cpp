@@ -83,10 +83,11 @@ std::vector<std::string> VcdDeclarations::names() const {
 }
 
 std::optional<Time> VcdDeclarations::time(std::int64_t ticks) const {
-  // A hundred years: differences of times must not overflow either.
-  constexpr std::int64_t latest = 100LL * 365 * 24 * 3600 * 1'000'000'000;
-  if (ticks > latest / multiplier_ && divisor_ == 1) return {};
-  return Time(divisor_ == 1 ? ticks * multiplier_ : ticks / divisor_ * multiplier_);
+  // A year: what is worked out from times must not overflow.
+  constexpr std::int64_t latest = 365LL * 24 * 3600 * 1'000'000'000;
+  const std::int64_t scaled = ticks / divisor_;
+  if (scaled > latest / multiplier_) return {};
+  return Time(scaled * multiplier_);
 }
 
 }  // namespace monitra::wire

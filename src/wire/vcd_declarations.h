@@ -68,7 +68,7 @@ class VcdDeclarations {
   const std::vector<Wire>& wires() const { return wires_; }  ///< of one bit
   std::vector<std::string> names() const;
 
-  /// The time of so many ticks; none if it is beyond every recording.
+  /// The time of so many ticks; none if it is more than a year.
   std::optional<Time> time(std::int64_t ticks) const;
 
  private:
