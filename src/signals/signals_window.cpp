@@ -23,7 +23,10 @@ using wire::Time;
 
 namespace {
 
-/// A table of whole rows, whose tab key leads on and whose rows tell where they are asked for.
+constexpr int everyColumn = -1;
+
+/// A table of whole rows, of which one column or each gets the room that is left, whose tab key
+/// leads on and whose rows tell where they are asked for.
 QTableView* makeTable(QAbstractItemModel* model, const char* name, int stretched,
                       std::function<void(int)> place) {
   auto* const table = new QTableView;
@@ -37,8 +40,9 @@ QTableView* makeTable(QAbstractItemModel* model, const char* name, int stretched
   table->verticalHeader()->hide();
   const int words = table->fontMetrics().height();
   table->verticalHeader()->setDefaultSectionSize(words + 4);
-  table->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
-  table->horizontalHeader()->setSectionResizeMode(stretched, QHeaderView::Stretch);
+  QHeaderView& header = *table->horizontalHeader();
+  header.setSectionResizeMode(stretched < 0 ? QHeaderView::Stretch : QHeaderView::Interactive);
+  if (stretched >= 0) header.setSectionResizeMode(stretched, QHeaderView::Stretch);
   QFont headFont = table->horizontalHeader()->font();
   headFont.setBold(true);
   const QFontMetrics heads(headFont);
@@ -88,8 +92,8 @@ SignalsWindow::SignalsWindow(Live live, QWidget* parent)
       secondView_(new SignalView),
       table_(makeTable(&messages_, "Üzenetek", MessageModel::Meaning,
                        [this](int row) { placeMessage(row); })),
-      pairTable_(makeTable(&pairs_, "Összevetés", ComparisonModel::Difference,
-                           [this](int row) { placePair(row); })),
+      pairTable_(
+          makeTable(&pairs_, "Összevetés", everyColumn, [this](int row) { placePair(row); })),
       machine_(new MachineView) {
   setWindowTitle(QStringLiteral("Jelek"));
   auto* const content = new QWidget;

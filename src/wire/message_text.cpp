@@ -91,7 +91,6 @@ std::string byteName(const Message& message, std::size_t position) {
   if (message.kind == Message::Kind::Unknown) return {};
   const bool isSetup = message.kind == Message::Kind::Setup;
   if (position == 0) return isSetup ? "Indít" : "Motor";
-  if (position == 1) return "0";
   if (position + 1 == message.bytes.size()) return isSetup ? "Zár" : "Vonal";
   for (const SetupField& field : setupFields(message.bytes)) {
     if (position >= field.firstByte && position < field.firstByte + field.bytes) return field.name;

@@ -29,7 +29,8 @@ std::string kindText(Message::Kind kind);
 /// line of a frame, the bytes of an unknown one and the reason why it is unknown.
 std::string meaning(const Message& message);
 
-/// What a byte of the message is called: "T1X", "Motor", "Kezdet"; empty in an unknown message.
+/// What a byte of the message is called: "T1X", "Motor", "Kezdet"; empty for one without a
+/// meaning of its own, and in an unknown message.
 std::string byteName(const Message& message, std::size_t position);
 
 /// A time in the unit that suits it: "1.06 ms", "3.5 s", "12 µs".
