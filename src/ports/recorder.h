@@ -23,7 +23,10 @@ class Recorder : public platform::PortRegisters, public platform::Sleeper {
  public:
   /// Both must outlive it.
   Recorder(platform::PortRegisters& registers, platform::Sleeper& sleeper)
-      : registers_(registers), sleeper_(sleeper) {}
+      : registers_(registers), sleeper_(sleeper) {
+    constexpr std::size_t ofAnUpload = 4096;
+    events_.reserve(ofAnUpload);
+  }
 
   std::uint8_t DlPortReadPortUchar(std::int32_t address) override;
   void DlPortWritePortUchar(std::int32_t address, std::uint8_t value) override;

@@ -85,8 +85,12 @@ QString MessageModel::cell(int row, Column column) const {
                              'f', 6);
     case Kind:
       return toQt(wire::kindText(shown.kind));
-    case Meaning:
-      return toQt(wire::meaning(shown));
+    case Meaning: {
+      const QString changed = difference(row);
+      const QString meaning = toQt(wire::meaning(shown));
+      return changed.isEmpty() ? meaning
+                               : QStringLiteral("Változott: %1; %2").arg(changed, meaning);
+    }
     case Duration:
       return toQt(wire::timeText(shown.end - shown.start));
     case LongestPause:
@@ -103,18 +107,23 @@ QVariant MessageModel::headerData(int section, Qt::Orientation orientation, int 
   return QString::fromUtf8(heads[section]);
 }
 
-QString MessageModel::details(int row) const {
+QString MessageModel::difference(int row) const {
   const Message& shown = message(row);
-  QString all = toQt(wire::kindText(shown.kind) + ": " + wire::meaning(shown));
-  if (shown.kind != Message::Kind::Setup) return all;
+  if (shown.kind != Message::Kind::Setup) return {};
   for (int before = row - 1; before >= 0; --before) {
     if (message(before).kind != Message::Kind::Setup) continue;
-    const std::string difference = wire::setupDifference(message(before).bytes, shown.bytes);
-    return all + (difference.empty()
-                      ? QStringLiteral("\nAz előző Setuppal egyezik.")
-                      : QStringLiteral("\nAz előző Setup óta változott: ") + toQt(difference));
+    return toQt(wire::setupDifference(message(before).bytes, shown.bytes));
   }
-  return all;
+  return {};
+}
+
+QString MessageModel::details(int row) const {
+  const Message& shown = message(row);
+  const QString all = toQt(wire::kindText(shown.kind) + ": " + wire::meaning(shown));
+  const QString changed = difference(row);
+  return changed.isEmpty()
+             ? all
+             : QStringLiteral("Változott az előző Setup óta: %1\n%2").arg(changed, all);
 }
 
 }  // namespace monitra::signals

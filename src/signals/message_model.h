@@ -34,6 +34,8 @@ class MessageModel : public QAbstractTableModel {
 
  private:
   QString cell(int row, Column column) const;
+  /// What differs from the Setup before this one; empty if nothing does or there is none.
+  QString difference(int row) const;
 
   const wire::Trace* trace_ = nullptr;
   long forgotten_ = 0;  ///< as of the last refresh

@@ -202,7 +202,7 @@ int run(int argc, char** argv) {
                "monitra-ctl");
   makeHungarian(app);
   app.failure_message(usageText);
-  app.footer("Kilépési kód: 0 kész, 1 fájlhiba, 2 hibás parancssor, 3 porthiba.");
+  app.footer("Kilépési kód: 0 kész, 1 fájlhiba vagy eltérés, 2 hibás parancssor, 3 porthiba.");
   app.require_subcommand(1);
   ShowOptions showOptions;
   UploadOptions uploadOptions;
