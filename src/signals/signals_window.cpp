@@ -47,7 +47,7 @@ QTableView* makeTable(QAbstractItemModel* model, const char* name, int stretched
   headFont.setBold(true);
   const QFontMetrics heads(headFont);
   for (int column = 0; column < model->columnCount(); ++column) {
-    constexpr int air = 24;
+    constexpr int air = 14;
     const QString head = model->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
     table->setColumnWidth(column, std::max(heads.horizontalAdvance(head) + air, words * 5));
   }
@@ -196,6 +196,7 @@ QWidget* SignalsWindow::makeMessages() {
 
 void SignalsWindow::observe(SignalView* view, QLabel* pointed) {
   view->pointed = [this, view, pointed] {
+    if (view->row() < 0) return;  // it has no recording
     tell(pointed, view->pointedText());
     tell(cursors_, view->cursorText());
   };

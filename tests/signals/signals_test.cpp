@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QFile>
+#include <QLabel>
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
@@ -92,6 +93,10 @@ TEST_F(Recorded, TheTableFollowsWhatIsRecordedAndForgottenAndLeadsToThePlace) {
   frame(1), frame(2);
   ASSERT_TRUE(waitForRows(2));
   table->selectRow(1);
+  const auto labels = window.findChildren<QLabel*>();
+  EXPECT_TRUE(std::ranges::any_of(labels, [&](auto* label) {
+    return !view->pointedText().isEmpty() && label->text() == view->pointedText();
+  })) << "told under the picture";
   EXPECT_TRUE(!view->follows() && view->scale().from() > trace.decoder().messages()[0].end);
   EXPECT_EQ(table->model()->index(1, MessageModel::Meaning).data().toString().toStdString(),
             "X motor: L2 be");
