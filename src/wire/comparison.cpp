@@ -1,6 +1,7 @@
 #include "wire/comparison.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "wire/message_text.h"
 

@@ -1,5 +1,6 @@
 #include "wire/trace.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "link/pin_names.h"

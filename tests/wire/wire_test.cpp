@@ -107,11 +107,19 @@ TEST(History, IsAPlainListWithoutItsOldestBlocks) {
       EXPECT_EQ(history.previousToggle(wires, at), back) << at << " " << wires;
     }
     for (back = behind - 1; back >= history.first() && !(moved(back) & 8);) --back;
-    const auto from = next(8, at), to = next(8, from + 1), edge = next(8, behind);
-    if (to < history.end()) {
-      const Widths one = widthsBetween(history, 3, model[from].time, model[to].time);
-      EXPECT_GE(one.count, 1);
-      EXPECT_LE(one.least, model[to].time - model[from].time);
+    const auto from = next(8, history.firstAfter(model[at].time)), edge = next(8, behind);
+    const Time end = model[at].time + Time(3000);
+    std::vector<Time> edges, widths;
+    for (auto i = from; i < history.end() && model[i].time <= end; i = next(8, i + 1)) {
+      edges.push_back(model[i].time);
+    }
+    for (std::size_t i = 1; i < edges.size(); ++i) widths.push_back(edges[i] - edges[i - 1]);
+    const Widths told = widthsBetween(history, 3, model[at].time + Time(1), end);
+    ASSERT_EQ(told.count, static_cast<long>(widths.size()));
+    if (told.count > 0) {
+      EXPECT_EQ(told.least, *std::ranges::min_element(widths));
+      EXPECT_EQ(told.greatest, *std::ranges::max_element(widths));
+      EXPECT_EQ(told.mean, (edges.back() - edges.front()) / told.count);
     }
     const auto width = widthAt(history, 3, time);
     ASSERT_EQ(width.has_value(), back >= history.first() && edge < history.end());

@@ -1,7 +1,13 @@
+#include <array>
+#include <chrono>
 #include <cstdio>
+#include <deque>
 #include <iostream>
+#include <memory>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "apps/ctl/commands.h"
 #include "apps/ctl/session.h"
