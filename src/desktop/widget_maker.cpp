@@ -42,7 +42,8 @@ QLabel* plainLabel() {
   return label;
 }
 
-QWidget* newWidget(Kind kind) {
+/// Of a kind that only shows; else null.
+QWidget* newDisplay(Kind kind) {
   switch (kind) {
     case Kind::Label:
       return plainLabel();
@@ -54,6 +55,20 @@ QWidget* newWidget(Kind kind) {
       return new Picture;
     case Kind::Frame:
       return new QGroupBox;
+    case Kind::ProgressBar:
+      return new QProgressBar;
+    case Kind::LedMeter:
+      return new LedBar;
+    case Kind::Lamp:
+      return new Lamp;
+    default:
+      return nullptr;
+  }
+}
+
+QWidget* newWidget(Kind kind) {
+  if (QWidget* const display = newDisplay(kind)) return display;
+  switch (kind) {
     case Kind::Instrument:
     case Kind::TextBox:
       return new QLineEdit;
@@ -76,16 +91,11 @@ QWidget* newWidget(Kind kind) {
       return new QComboBox;
     case Kind::ListBox:
       return new QListWidget;
-    case Kind::ProgressBar:
-      return new QProgressBar;
-    case Kind::LedMeter:
-      return new LedBar;
-    case Kind::Lamp:
-      return new Lamp;
     case Kind::TabStrip:
       return new QTabWidget;
+    default:
+      Q_UNREACHABLE();
   }
-  Q_UNREACHABLE();
 }
 
 /// Binds the widget to its control, as the one of the given types that it is.
