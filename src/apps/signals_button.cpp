@@ -23,9 +23,9 @@ SignalsButton::~SignalsButton() {
 }
 
 signals::Live SignalsButton::live() const {
-  const auto source = [this] {
-    using Kind = platform::PortState::Kind;
-    const bool simulated = ports_.state(lap_.selectedAddress()).kind == Kind::Simulated;
+  using Kind = platform::PortState::Kind;
+  const bool simulated = ports_.state(lap_.selectedAddress()).kind == Kind::Simulated;
+  const auto source = [this, simulated] {
     return QStringLiteral("%1: ami a(z) %2 portra kiment, és amit egy %3 vezérlő kiolvasna belőle.")
         .arg(simulated ? QStringLiteral("Szimulált port") : QStringLiteral("Élő"),
              widgets::toQt(lap_.port.LPT.text()), widgets::toQt(lap_.port.PCBV.Caption.get()));

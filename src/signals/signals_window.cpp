@@ -110,8 +110,8 @@ SignalsWindow::SignalsWindow(Live live, QWidget* parent)
   parts->setStretchFactor(1, 1);
   rows->addWidget(parts, 1);
   setCentralWidget(content);
-  observe(view_, pointed_);
-  observe(secondView_, pointed_);
+  for (SignalView* const view : {view_, secondView_}) tellFiguresOf(view);
+  view_->moved = [this] { follow_->setChecked(!recording_.trace && view_->follows()); };
   secondView_->setAccessibleName(QStringLiteral("A második felvétel jelei"));
   endComparison();
   showLive();
@@ -194,14 +194,12 @@ QWidget* SignalsWindow::makeMessages() {
   return part;
 }
 
-void SignalsWindow::observe(SignalView* view, QLabel* pointed) {
-  view->pointed = [this, view, pointed] {
+void SignalsWindow::tellFiguresOf(SignalView* view) {
+  view->pointed = [this, view] {
     if (view->row() < 0) return;  // it has no recording
-    tell(pointed, view->pointedText());
+    tell(pointed_, view->pointedText());
     tell(cursors_, view->cursorText());
   };
-  if (view == view_)
-    view->moved = [this] { follow_->setChecked(!recording_.trace && view_->follows()); };
 }
 
 void SignalsWindow::setTrace(const wire::Trace* trace) {
@@ -305,7 +303,7 @@ void SignalsWindow::tellSums() {
 
 void SignalsWindow::save() {
   if (const QString name = saveRecording(this, *trace_); !name.isEmpty()) {
-    tell(cursors_, QStringLiteral("Mentve: ") + name);
+    tell(details_, QStringLiteral("Mentve: ") + name);
   }
 }
 
@@ -315,7 +313,7 @@ void SignalsWindow::jump() {
       jumpTo_->text().replace(QLatin1Char(','), QLatin1Char('.')).toDouble(&isNumber);
   constexpr double most = 1e9;
   if (!isNumber || seconds < 0 || seconds > most) {
-    return tell(cursors_, QStringLiteral("Írjon be másodpercet, például 12.5!"));
+    return tell(details_, QStringLiteral("Írjon be másodpercet, például 12.5!"));
   }
   view_->goTo(trace_->start() + Time(static_cast<Time::rep>(seconds * 1e9)));
 }
@@ -337,7 +335,7 @@ void SignalsWindow::goToMessage(int way) {
                            messages.begin()) -
           1;
   }
-  if (row < 0) return tell(cursors_, QStringLiteral("Arra nincs több üzenet."));
+  if (row < 0) return tell(details_, QStringLiteral("Arra nincs több üzenet."));
   messages_.refresh();
   table_->selectRow(row);
   placeMessage(row);

@@ -50,7 +50,7 @@ class SignalsWindow : public QMainWindow {
                          std::function<void()> act);
   QWidget* makeViews();
   QWidget* makeMessages();
-  void observe(SignalView* view, QLabel* pointed);
+  void tellFiguresOf(SignalView* view);
   void showLive();
   void endComparison();
   void setTrace(const wire::Trace* trace);
@@ -77,7 +77,7 @@ class SignalsWindow : public QMainWindow {
   QLabel* pointed_;
   QLabel* cursors_;
   QLabel* sums_;
-  QLabel* details_;
+  QLabel* details_;  ///< of the chosen message, or what came of a button
   SignalView* view_;
   SignalView* secondView_;
   QTableView* table_;

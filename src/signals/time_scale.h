@@ -32,10 +32,10 @@ class TimeScale {
   /// more than all of it, and never past it.
   void show(wire::Time from, wire::Time span, wire::Time start, wire::Time end) {
     const wire::Time most =
-        std::max((end - start) * 21 / 20, wire::Time(std::chrono::milliseconds(1)));
+        std::max((end - start) * 5 / 4, wire::Time(std::chrono::milliseconds(1)));
     span_ = std::clamp(span, leastSpan, most);
-    const wire::Time first = start - span_ / 20;
-    from_ = std::clamp(from, first, std::max(first, end - span_ * 19 / 20));
+    const wire::Time first = start - span_ / 10;
+    from_ = std::clamp(from, first, std::max(first, end - span_ * 9 / 10));
   }
 
   /// Above 1 is closer; what stands at x stays there.

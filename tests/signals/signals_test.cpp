@@ -100,6 +100,21 @@ TEST_F(Recorded, TheTableFollowsWhatIsRecordedAndForgottenAndLeadsToThePlace) {
   EXPECT_TRUE(!view->follows() && view->scale().from() > trace.decoder().messages()[0].end);
   EXPECT_EQ(table->model()->index(1, MessageModel::Meaning).data().toString().toStdString(),
             "X motor: L2 be");
+  const auto press = [&](const char* text) {
+    for (auto* const button : window.findChildren<QPushButton*>()) {
+      if (button->text() == QString::fromUtf8(text)) button->click();
+    }
+  };
+  const auto told = [&] {
+    return std::ranges::any_of(labels, [](auto* label) {
+      return label->text() == QStringLiteral("Arra nincs több üzenet.");
+    });
+  };
+  press("Elő&ző üzenet");
+  EXPECT_FALSE(told());
+  press("Elő&ző üzenet");
+  QTest::qWait(250);
+  EXPECT_TRUE(told()) << "and it stays while the window goes on";
   step(100'000), frame(4);
   EXPECT_TRUE(waitForRows(1)) << "the first two are forgotten";
 
@@ -113,12 +128,8 @@ TEST_F(Recorded, TheTableFollowsWhatIsRecordedAndForgottenAndLeadsToThePlace) {
   window.showRecording(readRecording(&window, file.fileName()));
   window.compareWith(readRecording(&window, file.fileName()));
   EXPECT_EQ(window.findChildren<SignalView*>().size(), 2);
-  for (auto* const button : window.findChildren<QPushButton*>()) {
-    if (button->text() == QStringLiteral("É&lő") ||
-        button->text() == QStringLiteral("Össze&vetés…")) {
-      button->click();
-    }
-  }
+  press("É&lő");
+  press("Össze&vetés…");
   frame(8);
   EXPECT_TRUE(waitForRows(2)) << "live again";
 }
