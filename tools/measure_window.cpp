@@ -44,8 +44,8 @@ struct Measured {
   ports::Recorder recorder{simulated, clock};
   const shell::Outside& outside = fakes.outside;
   shell::Lap lap{{recorder, simulated, recorder, outside.box, outside.remedies, outside.Fileablak,
-                  outside.files, outside.codePage, outside.settings, outside.program, [] {},
-                  [] {}}};
+                  outside.files, outside.codePage, outside.settings, outside.archive,
+                  outside.program, [] {}, [] {}}};
 };
 
 /// When the ticks began: each one begins with a write to the control register.

@@ -5,7 +5,7 @@
 #include <string>
 #include <system_error>
 
-#include "shell/file_kind.h"
+#include "store/file_kind.h"
 
 namespace monitra::apps {
 
@@ -17,7 +17,7 @@ std::string refusal(std::span<char* const> arguments, platform::Files& files) {
     return "Induláskor csak egy fájl adható meg, ezért egyik sem nyílt meg.";
   const std::string path = arguments.front();
   const std::string name = "A(z) '" + path + "' ";
-  if (shell::fileKind(path) == shell::FileKind::None) {
+  if (store::fileKind(path) == store::FileKind::None) {
     return name + "nem Setup (.pwm) és nem firmware (.hex), ezért nem nyílt meg.";
   }
   return files.Dir(path).empty() ? name + "nem található, ezért nem nyílt meg." : std::string{};

@@ -1,12 +1,14 @@
 #include "apps/window_program.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QLibraryInfo>
 #include <QTimer>
 #include <QTranslator>
 #include <cstdlib>
 #include <iostream>
 
+#include "apps/comparison_button.h"
 #include "apps/named_file.h"
 #include "apps/signals_button.h"
 #include "desktop/end_watch.h"
@@ -19,6 +21,7 @@
 #include "host/pacer.h"
 #include "host/windows1250.h"
 #include "settings/json_settings.h"
+#include "settings/upload_folder.h"
 #include "widgets/accessibility.h"
 #include "widgets/svg_icon.h"
 #include "widgets/window_style.h"
@@ -33,6 +36,15 @@ void preferX() {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && qEnvironmentVariableIsSet("DISPLAY")) {
     qputenv("QT_QPA_PLATFORM", "xcb;wayland");
   }
+}
+
+/// Sounds that come together would be heard one after the other for seconds: they are one.
+void beepOnce() {
+  constexpr qint64 together = 120;  // ms
+  static QElapsedTimer last;
+  if (last.isValid() && last.elapsed() < together) return;
+  last.start();
+  QApplication::beep();
 }
 
 }  // namespace
@@ -55,12 +67,12 @@ int run(int argc, char** argv, const WindowProgram& program) {
   host::HostFiles files;
   host::Windows1250 codePage;
   settings::JsonSettings settings(settings::userSettingsFolder());
+  settings::UploadFolder uploads(settings::uploadFolder(identity.EXEName));
   desktop::QtMessageBox box(QString::fromUtf8(program.title));
   desktop::QtFileDialog dialog;
   desktop::QtRemedyBox remedies(QString::fromUtf8(program.title));
   shell::Lap lap({program.registers, program.ports, pacer, box, remedies, dialog, files, codePage,
-                  settings, identity, [] { QApplication::beep(); },
-                  [] { std::_Exit(EXIT_SUCCESS); }});
+                  settings, uploads, identity, beepOnce, [] { std::_Exit(EXIT_SUCCESS); }});
   lap.Form_Load();
   const desktop::EndWatch watch([&lap] { lap.endWithoutQuestion(); });
   desktop::MainWindow window(lap);
@@ -68,6 +80,7 @@ int run(int argc, char** argv, const WindowProgram& program) {
   remedies.setParent(&window);
   dialog.setParent(&window);
   const SignalsButton signalsButton(lap, program.ports);
+  const ComparisonButton comparisonButton(lap);
   window.showCentred();
   if (program.started) program.started(lap);
   std::cout << lap.PortAllapot.Caption.get() << std::endl;

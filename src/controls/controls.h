@@ -9,7 +9,7 @@
 #include "controls/property.h"
 
 /// The controls of the window as plain values with events. Properties are set by the program;
-/// the methods are what a user can do to the control, and do nothing while it is disabled.
+/// the methods are what a user can do to the control, and change nothing while it is disabled.
 namespace monitra::controls {
 
 /// A control's event that carries no value. There is one slot, for the program's handler.
@@ -138,12 +138,11 @@ struct CheckBox {
 struct PushButton {
   explicit PushButton(bool enabled = true) : Enabled(enabled) {}
 
-  void click() {
-    if (Enabled) Click.raise();
-  }
+  void click() { (Enabled ? Click : Refused).raise(); }
 
   Property<bool> Enabled;
   Event Click;
+  Event Refused;  ///< a click while it is disabled, for a word on why it is
 };
 
 /// A button that acts while it is held. What has gone down always comes up: a button that is
@@ -157,7 +156,7 @@ struct HoldButton {
 
   /// A mouse button has gone down on it; one more while it is held counts too.
   void press() {
-    if (!Enabled) return;
+    if (!Enabled) return Refused.raise();
     Held = true;
     MouseDown.raise();
   }
@@ -172,6 +171,7 @@ struct HoldButton {
   Property<bool> Enabled;
   Event MouseDown;
   Event MouseUp;
+  Event Refused;  ///< a press while it is disabled, for a word on why it is
 };
 
 /// A button that stays in until the next press; the click event is that of Value.

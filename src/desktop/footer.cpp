@@ -1,10 +1,13 @@
 #include "desktop/footer.h"
 
+#include <QGuiApplication>
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "widgets/bindings.h"
 #include "widgets/looks.h"
+#include "widgets/narrow_button.h"
 #include "widgets/text.h"
 
 namespace monitra::desktop {
@@ -13,23 +16,39 @@ using namespace widgets;
 
 namespace {
 
-/// A label for a mark of the Setup, which shows only while there is one.
-QLabel* markLabel(const WidgetMaker& widgets, NameOf<QLabel> name,
-                  std::string (shell::SetupMarks::*text)() const) {
-  auto* const label = widgets.make(name);
-  const QString spoken = label->accessibleName();
-  shell::SetupMarks& marks = widgets.lap().marks;
-  const auto show = [label, spoken, &marks, text] {
-    const QString mark = toQt((marks.*text)());
-    if (label->text() == mark) return;
-    label->setText(mark);
-    label->setAccessibleName(mark.isEmpty() ? spoken : spoken + QStringLiteral(": ") + mark);
+/// The button of a mark of the Setup. Without one it shows other words in no colour, or where it
+/// has none nothing.
+QPushButton* markButton(const WidgetMaker& widgets, NameOf<QPushButton> name,
+                        std::string (revisions::SetupMarks::*text)() const, const QString& plain) {
+  auto* const button = widgets.make(name);
+  const QString spoken = button->accessibleName();
+  revisions::SetupMarks& marks = widgets.lap().revisions.marks;
+  const auto adjust = [&marks, text](QPalette& colours) {
+    const QColor own = QGuiApplication::palette().color(QPalette::ButtonText);
+    colours.setColor(QPalette::ButtonText,
+                     (marks.*text)().empty() ? own : fitting(warningOnLight, warningOnDark));
   };
+  const auto show = [=, &marks] {
+    const QString mark = toQt((marks.*text)());
+    const QString words = mark.isEmpty() ? plain : mark;
+    // Without a parent yet it would be shown as a window of its own.
+    if (words.isEmpty() || button->parentWidget() != nullptr) button->setVisible(!words.isEmpty());
+    if (words.isEmpty() || button->text() == words) return;
+    button->setText(words);
+    button->setAccessibleName(spoken + QStringLiteral(": ") + words);
+    QPalette colours = button->palette();
+    adjust(colours);
+    button->setPalette(colours);
+  };
+  // The row stays as high as it is.
+  QSizePolicy size = button->sizePolicy();
+  size.setRetainSizeWhenHidden(true);
+  button->setSizePolicy(size);
+  dynamic_cast<NarrowButton&>(*button).makeLow();
   show();
-  keep(label, marks.observe(show));
-  setTextColour(label, warningOnLight, warningOnDark);
-  label->setAlignment(Qt::AlignRight);
-  return label;
+  followTheme(button, adjust);
+  keep(button, marks.observe(show));
+  return button;
 }
 
 }  // namespace
@@ -90,9 +109,10 @@ QHBoxLayout* Footer::lamps(const WidgetMaker& widgets) {
 
 QVBoxLayout* Footer::marks(const WidgetMaker& widgets) {
   auto* const column = new QVBoxLayout;
-  column->setSpacing(0);
-  column->addWidget(markLabel(widgets, "MentesJel", &shell::SetupMarks::savedMark));
-  column->addWidget(markLabel(widgets, "KuldesJel", &shell::SetupMarks::sentMark));
+  column->setSpacing(1);
+  column->addWidget(markButton(widgets, "MentesJel", &revisions::SetupMarks::savedMark,
+                               QStringLiteral("Összevetés…")));
+  column->addWidget(markButton(widgets, "KuldesJel", &revisions::SetupMarks::sentMark, {}));
   return column;
 }
 

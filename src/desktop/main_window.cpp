@@ -19,12 +19,13 @@
 #include "desktop/info_tab.h"
 #include "desktop/link_tab.h"
 #include "desktop/screen_fit.h"
+#include "desktop/setup_actions.h"
 #include "desktop/setup_tab.h"
 #include "desktop/test_tab.h"
 #include "desktop/widget_maker.h"
-#include "shell/file_kind.h"
 #include "shell/window_controls.h"
 #include "shell/window_table.h"
+#include "store/file_kind.h"
 #include "widgets/bindings.h"
 #include "widgets/cursor_rest.h"
 #include "widgets/text.h"
@@ -53,7 +54,7 @@ std::string droppedFile(const QDropEvent& event) {
   const QList<QUrl> urls = event.mimeData()->urls();
   if (urls.size() != 1 || !event.possibleActions().testFlag(Qt::CopyAction)) return {};
   std::string path = urls.constFirst().toLocalFile().toStdString();
-  if (shell::fileKind(path) == shell::FileKind::None) path.clear();
+  if (store::fileKind(path) == store::FileKind::None) path.clear();
   return path;
 }
 
@@ -79,6 +80,7 @@ MainWindow::MainWindow(shell::Lap& lap) : lap_(lap) {
                           qRound(shell::clientHeight * pixelsPerTwip));
   setCentralWidget(content);
   joinBuddies(*this);
+  new SetupActions(this, lap);
   fit_ = new ScreenFit(this, tabs);
   lookAfterPort();
   new CursorRest(this);

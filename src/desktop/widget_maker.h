@@ -39,7 +39,8 @@ consteval bool isShownBy(shell::Kind kind) {
   if (std::is_same_v<Widget, QLineEdit>) return is(Kind::Instrument, Kind::TextBox);
   if (std::is_same_v<Widget, QListWidget>) return is(Kind::ListBox);
   if (std::is_same_v<Widget, QPlainTextEdit>) return is(Kind::TextArea);
-  if (std::is_same_v<Widget, QPushButton>) return is(Kind::PushButton, Kind::ToggleButton);
+  if (std::is_same_v<Widget, QPushButton>)
+    return is(Kind::PushButton, Kind::NarrowButton, Kind::ToggleButton);
   if (std::is_same_v<Widget, QRadioButton>) return is(Kind::OptionButton);
   if (std::is_same_v<Widget, QTabWidget>) return is(Kind::TabStrip);
   if (std::is_same_v<Widget, widgets::JogButton>) return is(Kind::HoldButton);

@@ -1,14 +1,12 @@
 #include "settings/json_settings.h"
 
 #include <cerrno>
-#include <cstdlib>
 #include <filesystem>
 #include <nlohmann/json.hpp>
-#include <pwd.h>
 #include <system_error>
-#include <unistd.h>
 
 #include "settings/small_file.h"
+#include "settings/user_folder.h"
 
 namespace monitra::settings {
 
@@ -90,14 +88,7 @@ std::string JsonSettings::path(const std::string& application) const {
 }
 
 std::string userSettingsFolder() {
-  const char* const config = std::getenv("XDG_CONFIG_HOME");
-  if (config != nullptr && config[0] == '/') return std::string(config) + "/monitra";
-  const char* home = std::getenv("HOME");
-  if (home == nullptr || home[0] != '/') {
-    const passwd* const user = ::getpwuid(::getuid());
-    home = user != nullptr ? user->pw_dir : nullptr;
-  }
-  return home != nullptr && home[0] == '/' ? std::string(home) + "/.config/monitra" : std::string{};
+  return userFolder("XDG_CONFIG_HOME", ".config");
 }
 
 }  // namespace monitra::settings

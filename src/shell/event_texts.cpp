@@ -6,41 +6,13 @@
 #include <cstdio>
 #include <ratio>
 
+#include "store/failure_texts.h"
 #include "store/pwm_format.h"
 #include "timing/numbers.h"
 
 namespace monitra::shell {
 
 using platform::Failure;
-
-namespace {
-
-/// What a code means, for the end of a sentence.
-std::string meaning(Failure failure) {
-  const std::string code = " (kód:" + timing::numberText(static_cast<int>(failure)) + ").";
-  switch (failure) {
-    case Failure::NotANumber:
-      return "szám helyén más áll" + code;
-    case Failure::LineTooLong:
-      return "túl hosszú sor van benne" + code;
-    case Failure::FileNotFound:
-      return "nincs ilyen fájl" + code;
-    case Failure::FileExists:
-      return "már van ilyen fájl" + code;
-    case Failure::DiskFull:
-      return "a lemez megtelt" + code;
-    case Failure::EndOfFile:
-      return "a fájl idő előtt véget ér" + code;
-    case Failure::PathFileAccess:
-      return "nincs hozzá jog, vagy nem közönséges fájl" + code;
-    case Failure::PathNotFound:
-      return "nincs ilyen mappa" + code;
-    default:
-      return "az eszköz hibát jelzett" + code;
-  }
-}
-
-}  // namespace
 
 std::string openingText(const store::OpenResult& result) {
   std::string text;
@@ -54,7 +26,7 @@ std::string openingText(const store::OpenResult& result) {
              std::to_string(store::pwmRecords) + " helyett. ";
       break;
     default:
-      text = "Nem olvasható be: " + meaning(result.failure);
+      text = "Nem olvasható be: " + store::failureMeaning(result.failure);
       if (result.records.empty()) return text;
       text += " ";
   }
@@ -69,7 +41,8 @@ std::string adjustedText(int values) {
 std::string savingText(Failure failure, const std::string& path, const std::string& copy) {
   const std::string kept = copy.empty() ? std::string{} : " A fájl előző tartalma itt van: " + copy;
   if (failure == Failure::None) return "Mentve: " + path + kept;
-  return failure == Failure::Cancel ? std::string{} : "Nincs elmentve: " + meaning(failure) + kept;
+  return failure == Failure::Cancel ? std::string{}
+                                    : "Nincs elmentve: " + store::failureMeaning(failure) + kept;
 }
 
 std::string firmwareText(const firmware::ReadResult& result, const firmware::ImageReport& report,
@@ -83,7 +56,8 @@ std::string firmwareText(const firmware::ReadResult& result, const firmware::Ima
       text += " (és még " + std::to_string(report.faultCount - 1) + " hiba)";
     }
   } else if (result.failure != Failure::None || report.failure != Failure::None) {
-    text += unreadableText(report.failure != Failure::None ? report.failure : result.failure, name);
+    text += store::unreadableText(report.failure != Failure::None ? report.failure : result.failure,
+                                  name);
   } else {
     text += "Beolvasva a " + version + " firmware paraméterblokkja.";
   }
@@ -98,30 +72,29 @@ controls::Status firmwareStatus(const firmware::ReadResult& result,
   return result.adjusted > 0 ? Status::Warning : Status::Done;
 }
 
-std::string unreadableText(Failure failure, const std::string& name) {
-  switch (failure) {
-    case Failure::FileNotFound:
-    case Failure::PathNotFound:
-      return name + ": nincs ilyen fájl.";
-    case Failure::PathFileAccess:
-      return name + ": nem olvasható, mert mappa, vagy nincs hozzá jog.";
-    default:
-      return name + ": nem olvasható be: " + meaning(failure);
-  }
-}
-
 std::string faultText(const firmware::ImageFault& fault, const std::string& name) {
   const std::string place = fault.line > 0 ? ", " + std::to_string(fault.line) + ". sor" : "";
   return name + place + ": " + fault.reason;
 }
 
-std::string sentText(const link::LineTiming& timing) {
+std::string uploadRefusedText() {
+  return "Ehhez a Setuphoz (Vilor firmware) nincs feltöltés: nyisson meg egyet 3-as vagy újabb "
+         "firmware-hez!";
+}
+
+std::string jogRefusedText() {
+  return "A léptetéshez előbb nyomja be az „Impulzus engedély” gombot!";
+}
+
+std::string sentText(const link::LineTiming& timing, bool kept) {
   const auto milliseconds = [](std::chrono::nanoseconds time) {
     const auto tenths = std::chrono::round<std::chrono::duration<long, std::deci>>(time * 1000);
     return std::to_string(tenths.count() / 10) + "." + std::to_string(tenths.count() % 10) + " ms";
   };
   return "Kiküldve " + milliseconds(timing.duration) + " alatt, két él közt legfeljebb " +
-         milliseconds(timing.longestPause) + " szünettel. A vonal egyirányú, nyugta nem jön.";
+         milliseconds(timing.longestPause) + " szünettel. " +
+         (kept ? "A vonal egyirányú, nyugta nem jön."
+               : "Az előzmények közé nem került be: nézze meg, van-e hely a lemezen!");
 }
 
 std::string cutShortText() {

@@ -27,17 +27,19 @@ std::string firmwareText(const firmware::ReadResult& result, const firmware::Ima
 controls::Status firmwareStatus(const firmware::ReadResult& result,
                                 const firmware::ImageReport& report);
 
-/// Why a file can't be read to its end.
-std::string unreadableText(platform::Failure failure, const std::string& name);
-
 /// One fault of an image, with the file and the line.
 std::string faultText(const firmware::ImageFault& fault, const std::string& name);
 
 /// So many values of a file were outside their range.
 std::string adjustedText(int values);
 
-/// An upload has gone out, or only in part because its port went away, or not at all without one.
-std::string sentText(const link::LineTiming& timing);
+/// A press on the greyed button of the upload, or on a greyed jog arrow: why it is greyed.
+std::string uploadRefusedText();
+std::string jogRefusedText();
+
+/// An upload has gone out, and was kept among the former ones or not, or only in part because its
+/// port went away, or not at all without one.
+std::string sentText(const link::LineTiming& timing, bool kept = true);
 std::string cutShortText();
 std::string nothingSentText();
 

@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "shell/event_texts.h"
-#include "shell/file_kind.h"
 #include "shell/port_texts.h"
 #include "shell/window_controls.h"
+#include "store/file_kind.h"
 #include "store/text_reader.h"
 #include "store/window_title.h"
 #include "timing/numbers.h"
@@ -42,7 +42,9 @@ Lap::Lap(Outside outside)
       phaseTest_(phases, loadTest_, frames_),
       upload_(setup, line_, outside_.box),
       files_(fileOutside(outside_), kozos, setup, editions_, form),
-      firmware_(fileOutside(outside_), kozos, setup, timingFields_, editions_, form) {
+      firmware_(fileOutside(outside_), kozos, setup, timingFields_, editions_, form),
+      revisions({kozos, setup, timingFields_, editions_}, {outside_.files, outside_.codePage},
+                outside_.archive) {
   giveCaptions(*this);
   bindMenus();
   SSTab1.Tab.handle([this] { SSTab1_Click(); });
@@ -50,6 +52,7 @@ Lap::Lap(Outside outside)
   upload_.sending.handle([this] { vanishedBefore_ = outside_.ports.vanished(); });
   upload_.sent.handle([this] { tellUploaded(); });
   bindBench();
+  bindRefusals();
   PortTeendo.Click.handle([this] { PortTeendo_Click(); });
   line_.inMessage = [this](bool begins) { inMessage(begins); };
   outside_.ports.changed = [this] { showPort(); };
@@ -80,6 +83,13 @@ void Lap::bindBench() {
       [this] { Esemeny.show(Status::Warning, missingPermitText(load.TulH.Checked)); });
 }
 
+void Lap::bindRefusals() {
+  setup.Letolt.Refused.handle([this] { Esemeny.show(Status::Warning, uploadRefusedText()); });
+  for (int n = 0; n < 6; ++n) {
+    jog.Mozg[n].Refused.handle([this] { Esemeny.show(Status::Warning, jogRefusedText()); });
+  }
+}
+
 void Lap::Form_Load() {
   kozos.VerFo = "5";
   kozos.VerAl = "0";
@@ -100,7 +110,7 @@ void Lap::Form_Load() {
   loadInfo();
   line_.SorosAlap();
   editions_.MBKTarso_Click();
-  marks.saved();
+  revisions.start();
   selection_ = port.LPT.ListIndex.observe([this] {
     showPort();
     showLamps();
@@ -204,8 +214,9 @@ void Lap::tellUploaded() {
   const bool inUse = outside_.ports.state(selectedAddress()).inUse();
   const long vanished = outside_.ports.vanished() - vanishedBefore_;
   if (inUse && vanished == 0) {
-    marks.sent();
-    Esemeny.show(Status::Done, sentText(upload_.timing()));
+    revisions.marks.sent();
+    const bool kept = revisions.history.keep(setup, kozos, port.LPT.text(), port.PCBV.Caption);
+    Esemeny.show(kept ? Status::Done : Status::Warning, sentText(upload_.timing(), kept));
   } else {
     Esemeny.show(Status::Fault, vanished < link::uploadWrites ? cutShortText() : nothingSentText());
   }
@@ -244,8 +255,10 @@ void Lap::showLamps() {
 
 void Lap::openSetup() {
   Esemeny.clear();
+  revisions.undo.close();
   const store::OpenResult result = files_.MFSetNyit_Click();
-  if (!result.records.empty()) marks.opened(result.records);
+  if (!result.records.empty()) revisions.marks.opened(result.records);
+  revisions.undo.close();
   const bool cutShort = result.failure == platform::Failure::EndOfFile;
   Esemeny.show(
       result.failure == platform::Failure::None || cutShort ? Status::Warning : Status::Fault,
@@ -256,7 +269,7 @@ void Lap::saveSetup() {
   Esemeny.clear();
   const platform::Failure failure = files_.MFSetMent_Click();
   if (failure != platform::Failure::Cancel) {
-    failure == platform::Failure::None ? marks.saved() : marks.notSaved();
+    failure == platform::Failure::None ? revisions.marks.saved() : revisions.marks.notSaved();
   }
   const std::string& copy = files_.keptCopy();
   const Status kind = failure != platform::Failure::None ? Status::Fault
@@ -268,7 +281,9 @@ void Lap::saveSetup() {
 OpenedFirmware Lap::openFirmware() {
   Esemeny.clear();
   OpenedFirmware opened;
+  revisions.undo.close();
   opened.read = firmware_.FirmwareNyit();
+  revisions.undo.close();
   kozos.Modositott = 0;
   const platform::Failure failure = opened.read.failure;
   if (failure != platform::Failure::Cancel && failure != platform::Failure::FileNotFound) {
@@ -288,11 +303,27 @@ platform::Failure Lap::saveFirmware() {
   return failure;
 }
 
+void Lap::undo() {
+  Esemeny.show(Status::Plain, revisions.undoStep());
+}
+
+void Lap::redo() {
+  Esemeny.show(Status::Plain, revisions.redoStep());
+}
+
+void Lap::revert(std::size_t column, const std::vector<revisions::FieldIndex>& fields) {
+  Esemeny.show(Status::Plain, revisions.revert(column, fields));
+}
+
+void Lap::copyAxis(int axis) {
+  Esemeny.show(Status::Plain, revisions.copyAxis(axis));
+}
+
 void Lap::openDropped(const std::string& path) {
-  const FileKind kind = fileKind(path);
+  const store::FileKind kind = store::fileKind(path);
   const platform::GivenName name(outside_.Fileablak, path);
-  if (kind == FileKind::Setup) openSetup();
-  if (kind == FileKind::Firmware) openFirmware();
+  if (kind == store::FileKind::Setup) openSetup();
+  if (kind == store::FileKind::Firmware) openFirmware();
 }
 
 }  // namespace monitra::shell

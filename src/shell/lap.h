@@ -25,7 +25,8 @@
 #include "platform/remedy_box.h"
 #include "platform/settings_store.h"
 #include "platform/sleeper.h"
-#include "shell/setup_marks.h"
+#include "platform/upload_archive.h"
+#include "revisions/revisions.h"
 #include "store/preferences.h"
 #include "store/setup_files.h"
 #include "timing/editions.h"
@@ -49,6 +50,7 @@ struct Outside {
   platform::Files& files;
   const platform::CodePage& codePage;
   platform::SettingsStore& settings;
+  platform::UploadArchive& archive;
   const platform::ProgramIdentity& program;
   /// A short sound.
   std::function<void()> Beep;
@@ -95,6 +97,13 @@ class Lap {
   /// kind its extension tells; any other file is left alone.
   void openDropped(const std::string& path);
 
+  /// The Setup as it was one step before, or the undone step again; some fields as a column of the
+  /// comparison has them; the fields of an axis for the other two. Esemeny tells what came of it.
+  void undo();
+  void redo();
+  void revert(std::size_t column, const std::vector<revisions::FieldIndex>& fields);
+  void copyAxis(int axis);
+
   /// For a caller that needs to know how an operation went.
   store::SetupFiles& setupFiles() { return files_; }
   link::Pcb pcb() const { return port_.pcb(); }
@@ -132,7 +141,9 @@ class Lap {
 
   controls::PushButton Jelek;  ///< for a window that shows what went out
 
-  SetupMarks marks{setup, kozos};
+  /// The two marks of the Setup, for a window that shows what has changed.
+  controls::PushButton MentesJel;
+  controls::PushButton KuldesJel;
 
   /// What has gone out, and what a controller makes of it.
   const wire::Recorder& recorder() const { return recorder_; }
@@ -145,6 +156,7 @@ class Lap {
  private:
   void bindMenus();
   void bindBench();
+  void bindRefusals();
   void tellUploaded();
   void tellBitsSent();
   void showLamps();
@@ -181,6 +193,9 @@ class Lap {
   bool ended_ = false;
   controls::Observation selection_;  ///< of the port
   controls::Observation board_;
+
+ public:
+  revisions::Revisions revisions;  ///< of the Setup
 };
 
 }  // namespace monitra::shell

@@ -72,6 +72,8 @@ constexpr NamedControl named[] = {
     {"Maromotor", [](Lap& lap, int) -> AnyControl { return &lap.Maromotor; }},
     {"OrajelMagas", [](Lap& lap, int) -> AnyControl { return &lap.OrajelMagas; }},
     {"Jelek", [](Lap& lap, int) -> AnyControl { return &lap.Jelek; }},
+    {"MentesJel", [](Lap& lap, int) -> AnyControl { return &lap.MentesJel; }},
+    {"KuldesJel", [](Lap& lap, int) -> AnyControl { return &lap.KuldesJel; }},
     {"FolLe", [](Lap& lap, int i) -> AnyControl { return &lap.setup.FolLe[i]; }},
     {"TF", [](Lap& lap, int i) -> AnyControl { return &lap.setup.TF[i]; }},
     {"T1", [](Lap& lap, int i) -> AnyControl { return &lap.setup.T1[i]; }},

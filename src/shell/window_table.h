@@ -13,7 +13,9 @@ inline constexpr std::string_view holdingTip =
     "PWM fékező gerjesztési frekvencia és kitöltési tényezője";
 inline constexpr std::string_view wholeStepTip = "Fél és egész léptetési rendszer váltása.";
 inline constexpr std::string_view makerTip = "Monitra";
-inline constexpr std::string_view arrowHint = "A fel és a le billentyű és a görgő is lépteti.";
+inline constexpr std::string_view arrowHint =
+    "A fel és a le billentyű és a görgő is lépteti, a PageUp és a PageDown tízesével, a Home és az "
+    "End a határáig.";
 inline constexpr std::string_view jogHint =
     "Amíg az egér vagy a szóköz lenyomva tartja, léptet, ha az impulzusgenerátor jár.";
 inline constexpr std::string_view phaseHint = "A motornak csak ezt a fázisát kapcsolja be.";
@@ -43,10 +45,10 @@ inline constexpr ControlDescription controls[] = {
      .tooltip = "A relé lábának szintje szerint a marómotor jár"},
     {.name = "OrajelMagas", .kind = Kind::Lamp, .caption = "PC-Link órajel magas",
      .tooltip = "Így a következő üzenet elcsúszna: kapcsolja alacsonyra az órajel bitjét!"},
-    {.name = "MentesJel", .kind = Kind::Label, .spoken = "Mentés",
-     .hint = "Más-e a Setup, mint a legutóbb mentett."},
-    {.name = "KuldesJel", .kind = Kind::Label, .spoken = "Feltöltés",
-     .hint = "Más-e a Setup, mint a legutóbb kiküldött."},
+    {.name = "MentesJel", .kind = Kind::NarrowButton, .tooltip = "Mi változott, hogyan fut az áram, mi ment ki korábban",
+     .spoken = "Mentés", .hint = "Más-e a Setup, mint a legutóbb mentett."},
+    {.name = "KuldesJel", .kind = Kind::NarrowButton, .tooltip = "Mi változott, hogyan fut az áram, mi ment ki korábban",
+     .spoken = "Feltöltés", .hint = "Más-e a Setup, mint a legutóbb kiküldött."},
     {.name = "Esemeny", .kind = Kind::StatusLine, .spoken = "Esemény",
      .hint = "Mire jutott a legutóbbi művelet."},
 

@@ -13,44 +13,32 @@
 
 #include "signals/machine_view.h"
 #include "signals/signal_view.h"
+#include "widgets/companion.h"
 #include "widgets/looks.h"
 #include "widgets/text.h"
 #include "wire/message_text.h"
 
 namespace monitra::signals {
 
+using widgets::addButton;
+using widgets::makeTellingLabel;
+using widgets::tell;
 using wire::Time;
 
 namespace {
 
 constexpr int everyColumn = -1;
 
-/// A table of whole rows, of which one column or each gets the room that is left, whose tab key
-/// leads on and whose rows tell where they are asked for.
-QTableView* makeTable(QAbstractItemModel* model, const char* name, int stretched,
-                      std::function<void(int)> place) {
-  auto* const table = new QTableView;
-  table->setModel(model);
-  table->setAccessibleName(QString::fromUtf8(name));
+/// A table of whole rows, of which one column or each gets the room that is left, and whose rows
+/// tell where they are asked for.
+QTableView* makeRows(QAbstractItemModel* model, const char* name, int stretched,
+                     std::function<void(int)> place) {
+  QTableView* const table = widgets::makeTable(model, name);
   table->setSelectionBehavior(QAbstractItemView::SelectRows);
-  table->setSelectionMode(QAbstractItemView::SingleSelection);
-  table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  table->setTabKeyNavigation(false);
-  table->setWordWrap(false);
   table->verticalHeader()->hide();
-  const int words = table->fontMetrics().height();
-  table->verticalHeader()->setDefaultSectionSize(words + 4);
   QHeaderView& header = *table->horizontalHeader();
   header.setSectionResizeMode(stretched < 0 ? QHeaderView::Stretch : QHeaderView::Interactive);
   if (stretched >= 0) header.setSectionResizeMode(stretched, QHeaderView::Stretch);
-  QFont headFont = table->horizontalHeader()->font();
-  headFont.setBold(true);
-  const QFontMetrics heads(headFont);
-  for (int column = 0; column < model->columnCount(); ++column) {
-    constexpr int air = 14;
-    const QString head = model->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
-    table->setColumnWidth(column, std::max(heads.horizontalAdvance(head) + air, words * 5));
-  }
   QObject::connect(table->selectionModel(), &QItemSelectionModel::currentRowChanged, table,
                    [place = std::move(place)](const QModelIndex& now) {
                      if (now.isValid()) place(now.row());
@@ -58,42 +46,22 @@ QTableView* makeTable(QAbstractItemModel* model, const char* name, int stretched
   return table;
 }
 
-QLabel* makeLabel(const char* name, bool wraps = false) {
-  auto* const label = new QLabel;
-  label->setTextFormat(Qt::PlainText);
-  label->setAccessibleName(QString::fromUtf8(name));
-  label->setWordWrap(wraps);
-  label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  // A long text is cut, and never makes the window wider.
-  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  label->setMinimumHeight(label->fontMetrics().height());
-  return label;
-}
-
-/// The text, also for a screen reader.
-void tell(QLabel* label, const QString& text) {
-  if (label->text() == text) return;
-  label->setText(text);
-  label->setAccessibleDescription(text);
-}
-
 }  // namespace
 
 SignalsWindow::SignalsWindow(Live live, QWidget* parent)
     : QMainWindow(parent),
       live_(std::move(live)),
-      heading_(widgets::bold(makeLabel("Forrás"))),
-      secondHeading_(widgets::bold(makeLabel("Második felvétel"))),
-      pointed_(makeLabel("A mutató alatt")),
-      cursors_(makeLabel("A két jelölő közt")),
-      sums_(makeLabel("Összesen")),
-      details_(makeLabel("Az üzenet", true)),
+      heading_(widgets::bold(makeTellingLabel("Forrás"))),
+      secondHeading_(widgets::bold(makeTellingLabel("Második felvétel"))),
+      pointed_(makeTellingLabel("A mutató alatt")),
+      cursors_(makeTellingLabel("A két jelölő közt")),
+      sums_(makeTellingLabel("Összesen")),
+      details_(makeTellingLabel("Az üzenet", true)),
       view_(new SignalView),
       secondView_(new SignalView),
-      table_(makeTable(&messages_, "Üzenetek", MessageModel::Meaning,
-                       [this](int row) { placeMessage(row); })),
-      pairTable_(
-          makeTable(&pairs_, "Összevetés", everyColumn, [this](int row) { placePair(row); })),
+      table_(makeRows(&messages_, "Üzenetek", MessageModel::Meaning,
+                      [this](int row) { placeMessage(row); })),
+      pairTable_(makeRows(&pairs_, "Összevetés", everyColumn, [this](int row) { placePair(row); })),
       machine_(new MachineView) {
   setWindowTitle(QStringLiteral("Jelek"));
   auto* const content = new QWidget;
@@ -117,16 +85,6 @@ SignalsWindow::SignalsWindow(Live live, QWidget* parent)
   showLive();
   constexpr QSize usual(1120, 780);
   resize(usual);
-}
-
-QPushButton* SignalsWindow::addButton(QHBoxLayout* row, const char* text, const char* tip,
-                                      std::function<void()> act) {
-  auto* const button = new QPushButton(QString::fromUtf8(text));
-  button->setToolTip(QString::fromUtf8(tip));
-  button->setAutoDefault(false);
-  connect(button, &QPushButton::clicked, this, std::move(act));
-  row->addWidget(button);
-  return button;
 }
 
 QHBoxLayout* SignalsWindow::makeButtons() {

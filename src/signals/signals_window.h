@@ -46,8 +46,6 @@ class SignalsWindow : public QMainWindow {
 
  private:
   QHBoxLayout* makeButtons();
-  QPushButton* addButton(QHBoxLayout* row, const char* text, const char* tip,
-                         std::function<void()> act);
   QWidget* makeViews();
   QWidget* makeMessages();
   void tellFiguresOf(SignalView* view);

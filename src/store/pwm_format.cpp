@@ -14,19 +14,6 @@ using timing::SetupPanel;
 
 namespace {
 
-enum Record : int {
-  firstTimingField = 1,
-  lastTimingField = 12,
-  funkcioRecord = 13,
-  utRecord = 14,
-  turesRecord = 15,
-  verzRecord = 16,
-  verFoRecord = 17,
-  verRevRecord = 19,
-  xEgeszRecord = 20,
-  zEgeszRecord = 22,
-};
-
 constexpr std::array versionDigits{&Kozos::VerFo, &Kozos::VerAl, &Kozos::VerRev};
 constexpr std::array wholeStepBoxes{&SetupPanel::Xegesz, &SetupPanel::Yegesz, &SetupPanel::Zegesz};
 
@@ -60,24 +47,47 @@ bool applyFunkcio(const std::string& text, SetupPanel& panel) {
 
 }  // namespace
 
+std::string pwmRecord(int record, const SetupPanel& panel, const Kozos& kozos) {
+  assert(within(record, 1, pwmRecords));
+  if (within(record, firstTimingField, lastTimingField)) {
+    return panel.box(record - firstTimingField).Text;
+  }
+  if (within(record, verFoRecord, verRevRecord)) {
+    const std::string& digit = kozos.*versionDigits[offset(record, verFoRecord)];
+    return timing::isNumber(digit) ? timing::numberText(Ertek(digit)) : digit;
+  }
+  if (within(record, xEgeszRecord, zEgeszRecord)) {
+    return (panel.*wholeStepBoxes[offset(record, xEgeszRecord)]).Checked ? "E" : "F";
+  }
+  switch (record) {
+    case funkcioRecord:
+      return timing::numberText(panel.Funkcio.ListIndex);
+    case utRecord:
+      return panel.Ut.Text;
+    case turesRecord:
+      return panel.Tures.Text;
+    default:
+      return panel.Verz.Caption;
+  }
+}
+
 PwmTexts pwmTexts(const SetupPanel& panel, const Kozos& kozos) {
   PwmTexts texts;
-  for (int i = 0; i < timing::timingFields; ++i) texts.records.push_back(panel.box(i).Text);
-  texts.records.push_back(timing::numberText(panel.Funkcio.ListIndex));
-  texts.records.push_back(panel.Ut.Text);
-  texts.records.push_back(panel.Tures.Text);
-  texts.records.push_back(panel.Verz.Caption);
-  for (const auto digit : versionDigits) {
-    if (!timing::isNumber(kozos.*digit)) {
+  for (int record = 1; record <= pwmRecords; ++record) {
+    if (within(record, verFoRecord, verRevRecord) &&
+        !timing::isNumber(kozos.*versionDigits[offset(record, verFoRecord)])) {
       texts.failure = Failure::NotANumber;
-      return texts;
+      break;
     }
-    texts.records.push_back(timing::numberText(Ertek(kozos.*digit)));
-  }
-  for (const auto box : wholeStepBoxes) {
-    texts.records.emplace_back((panel.*box).Checked ? "E" : "F");
+    texts.records.push_back(pwmRecord(record, panel, kozos));
   }
   return texts;
+}
+
+std::string pwmLines(const std::vector<std::string>& records, const platform::CodePage& codePage) {
+  std::string lines;
+  for (const std::string& record : records) lines += codePage.fromUtf8(record) + "\r\n";
+  return lines;
 }
 
 bool applyPwmRecord(int record, const std::string& text, SetupPanel& panel, Kozos& kozos) {

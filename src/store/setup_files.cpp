@@ -56,11 +56,7 @@ Failure SetupFiles::write(const std::string& path, bool& emptied) const {
   if (opened != Failure::None) return opened;
   emptied = true;
   const PwmTexts texts = pwmTexts(panel_, kozos_);
-  std::string lines;
-  for (const std::string& record : texts.records) {
-    lines += outside_.codePage.fromUtf8(record) + "\r\n";
-  }
-  const Failure written = file->write(lines);
+  const Failure written = file->write(pwmLines(texts.records, outside_.codePage));
   if (written != Failure::None) return written;
   const Failure closed = file->close();
   return texts.failure != Failure::None ? texts.failure : closed;

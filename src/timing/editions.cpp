@@ -1,7 +1,5 @@
 #include "timing/editions.h"
 
-#include <string>
-
 #include "timing/numbers.h"
 
 namespace monitra::timing {
@@ -54,11 +52,19 @@ void Editions::view(bool tarso) {
   fields_.showCsucs();
 }
 
+Edition editionOf(const std::string& VerFo) {
+  const double n = Ertek(VerFo);
+  return {n > 2, n > 3 ? fastBase : slowBase};
+}
+
 void Editions::KiadasValaszt() {
-  const double n = Ertek(kozos_.VerFo);
-  enableVersion(n <= 2);
-  kozos_.Alapido = n > 3 ? fastBase : slowBase;
-  n > 2 ? TarsoNezet() : VilorNezet();
+  choose(editionOf(kozos_.VerFo));
+}
+
+void Editions::choose(const Edition& edition) {
+  enableVersion(!edition.tarso);
+  kozos_.Alapido = edition.base;
+  edition.tarso ? TarsoNezet() : VilorNezet();
   fields_.MindFrissit();
 }
 

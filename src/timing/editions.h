@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "platform/message_box.h"
 #include "timing/kozos.h"
 #include "timing/setup_panel.h"
@@ -9,6 +11,17 @@ namespace monitra::timing {
 
 inline constexpr double slowBase = 0.0001;
 inline constexpr double fastBase = 3.3e-05;
+
+/// A firmware edition, and the PWM base time in seconds that it counts in.
+struct Edition {
+  bool tarso;  ///< the second one
+  double base;
+
+  bool operator==(const Edition&) const = default;
+};
+
+/// What the first digit of a firmware's version decides.
+Edition editionOf(const std::string& VerFo);
 
 /// The two firmware editions. The check marks of MBKVilor and MBKTarso are the only state.
 /// Binds its handlers to the panel; all arguments must outlive it.
@@ -26,6 +39,10 @@ class Editions {
 
   /// Picks edition and Alapido from VerFo, after a file has set it.
   void KiadasValaszt();
+
+  /// The same with a given edition, and the one in force.
+  void choose(const Edition& edition);
+  Edition present() const { return {panel_.MBKTarso.Checked, kozos_.Alapido}; }
 
  private:
   void view(bool tarso);

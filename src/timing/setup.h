@@ -13,6 +13,11 @@ inline constexpr int timingFields = 12;
 inline constexpr std::array<std::string_view, timingFields> timingFieldNames{
     "TFX", "TFY", "TFZ", "T1X", "T1Y", "T1Z", "T2X", "T2Y", "T2Z", "T3X", "T3Y", "T3Z"};
 
+/// The modes that the field Funkcio chooses among.
+inline constexpr std::array<std::string_view, 6> funkcioEntries{
+    "Kikapcsolva (ONLINE)", "Fázis, végállás, gomb teszt", "Számláló diagnosztika",
+    "Motor tuning",         "Tartóági PWM tuning",         "Forszírozott Impulzus figyelés!"};
+
 /// The Setup as the controller takes it, each field in its range.
 struct Setup {
   std::array<std::uint8_t, timingFields> timing{};  ///< 1 to 255 base times, by TimingField

@@ -7,9 +7,7 @@
 
 namespace monitra::timing {
 
-SetupPanel::SetupPanel()
-    : Funkcio({"Kikapcsolva (ONLINE)", "Fázis, végállás, gomb teszt", "Számláló diagnosztika",
-               "Motor tuning", "Tartóági PWM tuning", "Forszírozott Impulzus figyelés!"}) {
+SetupPanel::SetupPanel() : Funkcio({funkcioEntries.begin(), funkcioEntries.end()}) {
   constexpr std::array<int, 4> groupDefaults{91, 244, 24, 24};
   for (int i = 0; i < timingFields; ++i) {
     const int value = groupDefaults[static_cast<std::size_t>(i / 3)];

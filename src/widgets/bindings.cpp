@@ -101,6 +101,27 @@ class FocusWatch : public QObject {
   std::function<void()> gained_;
 };
 
+/// Tells a control of a press on its widget while that is greyed, which the toolkit keeps to
+/// itself.
+class GreyedWatch : public QObject {
+ public:
+  GreyedWatch(QWidget* watched, std::function<void()> pressed)
+      : QObject(watched), watched_(watched), pressed_(std::move(pressed)) {
+    watched->installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() != QEvent::MouseButtonPress || watched_->isEnabled()) return false;
+    pressed_();
+    return true;
+  }
+
+ private:
+  const QWidget* watched_;
+  std::function<void()> pressed_;
+};
+
 }  // namespace
 
 void keep(QObject* owner, controls::Observation observation) {
@@ -180,6 +201,7 @@ void bind(QGroupBox* widget, controls::Frame& control) {
 
 void bind(QPushButton* widget, controls::PushButton& control) {
   mirrorEnabled(widget, control.Enabled);
+  new GreyedWatch(widget, [&control] { control.click(); });
   QObject::connect(widget, &QPushButton::clicked, widget, [widget, &control] {
     const bool focused = widget->hasFocus();
     control.click();
@@ -207,6 +229,7 @@ void bind(QRadioButton* widget, controls::OptionButton& control) {
 void bind(JogButton* widget, controls::HoldButton& control) {
   widget->serve(control);
   mirrorEnabled(widget, control.Enabled);
+  new GreyedWatch(widget, [&control] { control.press(); });
 }
 
 void bind(Lamp* widget, controls::Lamp& control) {

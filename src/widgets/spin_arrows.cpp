@@ -2,10 +2,13 @@
 
 #include <QAccessible>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QStylePainter>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QWheelEvent>
+#include <algorithm>
+#include <cstdlib>
 
 #include "widgets/looks.h"
 
@@ -30,8 +33,13 @@ SpinArrows::SpinArrows(QWidget* parent) : QWidget(parent) {
   QToolButton* const down = addArrow(Qt::DownArrow);
   layout->addWidget(up);
   layout->addWidget(down);
-  connect(up, &QToolButton::clicked, this, &SpinArrows::upPressed);
-  connect(down, &QToolButton::clicked, this, &SpinArrows::downPressed);
+  for (QToolButton* const arrow : {up, down}) {
+    const int way = arrow == up ? 1 : -1;
+    connect(arrow, &QToolButton::clicked, this, [this, arrow, way] {
+      if (!arrow->isDown()) repeats_ = 0;
+      press(way * (arrow->isDown() ? repetition() : 1));
+    });
+  }
   setFocusPolicy(Qt::StrongFocus);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
@@ -75,7 +83,13 @@ bool SpinArrows::isFocused() const {
 }
 
 bool SpinArrows::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress && pressByKey(*static_cast<QKeyEvent*>(event))) return true;
+  if (event->type() == QEvent::KeyPress) {
+    const auto* const key = static_cast<QKeyEvent*>(event);
+    const auto* const typed = qobject_cast<QLineEdit*>(watched);
+    const bool moves = key->key() == Qt::Key_Home || key->key() == Qt::Key_End;
+    const bool isOwn = moves && typed != nullptr && !typed->isReadOnly();
+    if (!isOwn && pressByKey(*key)) return true;
+  }
   if (event->type() == QEvent::Wheel && isFocused()) {
     pressByWheel(*static_cast<QWheelEvent*>(event));
     return true;
@@ -88,15 +102,49 @@ void SpinArrows::keyPressEvent(QKeyEvent* event) {
 }
 
 bool SpinArrows::pressByKey(const QKeyEvent& event) {
+  constexpr int page = 10;
   if (!isEnabled() || event.modifiers().testFlag(Qt::ControlModifier)) return false;
-  if (event.key() == Qt::Key_Up) {
-    Q_EMIT upPressed();
-  } else if (event.key() == Qt::Key_Down) {
-    Q_EMIT downPressed();
-  } else {
-    return false;
+  if (!event.isAutoRepeat()) repeats_ = 0;
+  const auto once = [&] { return event.isAutoRepeat() ? repetition() : 1; };
+  switch (event.key()) {
+    case Qt::Key_Up:
+      press(once());
+      return true;
+    case Qt::Key_Down:
+      press(-once());
+      return true;
+    case Qt::Key_PageUp:
+      press(page);
+      return true;
+    case Qt::Key_PageDown:
+      press(-page);
+      return true;
+    case Qt::Key_Home:
+      press(min_ - value_);
+      return true;
+    case Qt::Key_End:
+      press(max_ - value_);
+      return true;
+    default:
+      return false;
   }
-  return true;
+}
+
+void SpinArrows::press(int times) {
+  for (int left = std::abs(times); left > 0; --left) {
+    const int before = value_;
+    times > 0 ? Q_EMIT upPressed() : Q_EMIT downPressed();
+    if (value_ == before) return;
+  }
+}
+
+int SpinArrows::repetition() {
+  constexpr int doubledEvery = 10;
+  constexpr int wholeRange = 25;  // repetitions, at the fastest
+  constexpr int mostDoublings = 12;
+  ++repeats_;
+  return std::min(1 << std::min(repeats_ / doubledEvery, mostDoublings),
+                  std::max(1, (max_ - min_) / wholeRange));
 }
 
 void SpinArrows::wheelEvent(QWheelEvent* event) {

@@ -6,8 +6,10 @@ class QToolButton;
 
 namespace monitra::widgets {
 
-/// Two small arrows, one above the other. A held arrow repeats. With the focus the up and down keys
-/// and the wheel press them too; without it the wheel must not change a value unnoticed.
+/// Two small arrows, one above the other. A held arrow or key repeats, faster and faster. With the
+/// focus the keys and the wheel press them too: up and down once, PageUp and PageDown ten times,
+/// Home and End up to the limit; without it the wheel must not change a value unnoticed. Several
+/// presses in one end where one of them has left the value as it was.
 class SpinArrows : public QWidget {
   Q_OBJECT
 
@@ -21,7 +23,8 @@ class SpinArrows : public QWidget {
   int max() const { return max_; }
   int value() const { return value_; }
 
-  /// The keys and the wheel press the arrows also at the one widget that they stand beside.
+  /// The keys and the wheel press the arrows also at the one widget that they stand beside. Where
+  /// that can be typed in, Home and End stay its own.
   void serve(QWidget* widget);
 
   /// Width of the arrows beside a widget with this font.
@@ -42,6 +45,10 @@ class SpinArrows : public QWidget {
  private:
   QToolButton* addArrow(Qt::ArrowType type);
   bool pressByKey(const QKeyEvent& event);
+  /// Upwards for a number above 0, else downwards.
+  void press(int times);
+  /// How many presses the next repetition of a held arrow or key is.
+  int repetition();
   void pressByWheel(const QWheelEvent& event);
 
   bool isFocused() const;
@@ -50,7 +57,8 @@ class SpinArrows : public QWidget {
   int min_ = 0;
   int max_ = 0;
   int value_ = 0;
-  int wheel_ = 0;  ///< turned since the last press, in eighths of a degree
+  int repeats_ = 0;  ///< of the arrow or key that is held
+  int wheel_ = 0;    ///< turned since the last press, in eighths of a degree
 };
 
 }  // namespace monitra::widgets

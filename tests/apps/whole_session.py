@@ -59,6 +59,7 @@ class Program:
         import pyatspi  # asks for the display at once
         self.atspi = pyatspi
         environment = dict(os.environ, HOME=str(home), XDG_CONFIG_HOME=str(home),
+                           XDG_DATA_HOME=str(home / "data"),
                            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb")
         self.process = subprocess.Popen(["sh", "-c", 'exec "$0" "$@" ' + closed, path, *arguments],
                                         cwd=home, env=environment, text=True,
@@ -166,7 +167,27 @@ def upload(program):
     report = program.value("Esemény").removeprefix("Kész: ")
     assert re.fullmatch(r"Kiküldve [0-9.]+ ms alatt, két él közt legfeljebb [0-9.]+ ms"
                         r" szünettel. A vonal egyirányú, nyugta nem jön.", report), report
-    program.find("Feltöltés", "label")
+    wait_for("the mark to go", lambda: not any(
+        w.name.startswith("Feltöltés: ") and w.getState().contains(program.atspi.STATE_SHOWING)
+        for w in program.all()))
+
+
+def look_at_changes(program, folder):
+    """What differs from the saved Setup, what went out, and back to it by keys."""
+    program.press("Mentés: Mentés óta módosult")
+    program.wait_until_active("frame", name="Összevetés")
+    program.find("20, eltér", "table cell")
+    program.find("29", "table cell")
+    xdotool("key", "alt+e")
+    program.find("Az első.", "table cell")
+    [kept] = (folder / "data" / "monitra" / "monitra-szimulator" / "feltoltesek").glob("*.pwm")
+    assert b"\r\n1500\r\n" in kept.read_bytes()
+    xdotool("key", "ctrl+z")
+    program.find("Út hossz, mm: 25")
+    xdotool("key", "ctrl+shift+z")
+    program.find("Út hossz, mm: 18.75")
+    xdotool("key", "alt+F4")
+    program.wait_until_active("frame", name="Vilor CNC")
 
 
 def test_phases(program):
@@ -214,7 +235,7 @@ def look_at_signals(program):
 def save_and_quit(program, folder):
     xdotool("key", "alt", "Down", "Down", "Return")  # "Setup Mentés" by keys alone
     answer_file_dialog(program, folder / "uj.pwm")
-    wait_for("the mark to go", lambda: program.find("Mentés", "label"))
+    program.find("Mentés: Összevetés…")
     assert (folder / "uj.pwm").read_bytes() == (folder / "gep.pwm").read_bytes().replace(
         b"\r\n20\r\n", b"\r\n19\r\n").replace(b"\r\n28\r\n", b"\r\n29\r\n").replace(
         b"\r\n2000\r\n", b"\r\n1500\r\n")
@@ -267,6 +288,7 @@ def drive(simulator, examples, folder):
         try:
             read_and_edit(program, folder)
             upload(program)
+            look_at_changes(program, folder)
             test_phases(program)
             jog(program)
             look_at_signals(program)

@@ -116,7 +116,12 @@ struct Pair {
     as<QWidget>().setFocus();
     as<QPushButton>().click();
     EXPECT_TRUE(as<QWidget>().hasFocus());
-    EXPECT_EQ(events, 1);
+    button->Refused.handle([&] { ++events; });
+    QTest::mouseClick(&as<QWidget>(), Qt::LeftButton);
+    button->Enabled = false;
+    QTest::mouseClick(&as<QWidget>(), Qt::LeftButton);
+    EXPECT_EQ(events, 3) << "a greyed one tells of its press";
+    button->Refused.handle({});
     button->Click.handle({});
   }
   void operator()(controls::OptionButton* option) {

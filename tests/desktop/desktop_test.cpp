@@ -70,10 +70,63 @@ TEST_F(Desktop, ArrowsKeysAndWheelMoveATimingField) {
       EXPECT_EQ(field->text(), step.back()) << qPrintable(at->objectName() + step[0]);
     }
   }
+  // Repetitions are presses by one, two, four and more.
+  const int before = lap.setup.FolLe[0].Value;
+  for (int n = 0; n <= 30; ++n) {
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Up, {}, {}, n > 0);
+    QApplication::sendEvent(widget("FolLe(0)"), &press);
+  }
+  EXPECT_EQ(lap.setup.FolLe[0].Value, before + 1 + 9 + 10 * 2 + 10 * 4 + 8);
+  for (const char* const step : {"Home", "End", "PgUp"}) takes(widget("Ut"), step);
+  EXPECT_EQ(lap.setup.Ut.Text.get(), "1010") << "a typed box keeps Home and End";
+  lap.setup.Ut.type("1000");
   QTest::mousePress(arrow(0), Qt::LeftButton);
   EXPECT_TRUE(QTest::qWaitFor([this] { return lap.setup.FolLe[6].Value >= 27; })) << "it repeats";
   lap.setup.FolLe[6].Enabled = false;
   EXPECT_FALSE(takes(arrows, "Up"));
+}
+
+TEST_F(Desktop, KeysAndTheContextMenuOfAFieldUndoAndCopyAnAxis) {
+  const auto undo = [this](const char* at) {
+    widget(at)->setFocus();
+    QTest::keyClick(widget(at), Qt::Key_Z, Qt::ControlModifier);
+  };
+  const auto choose = [this](const char* at, const char* words) {
+    QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(widget(at), &asked);
+    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr) << at;
+    for (QAction* const action : menu->actions()) {
+      if (action->text().remove('&') == QString::fromUtf8(words)) action->trigger();
+    }
+    menu->close();
+  };
+  timing::SetupPanel& setup = lap.setup;
+  widget("Ut")->setFocus();
+  find<QLineEdit>("Ut")->selectAll();
+  QTest::keyClicks(widget("Ut"), "1500");
+  QApplication::processEvents();
+  for (int n = 0; n < 5; ++n) setup.FolLe[0].pressUp(), QApplication::processEvents();
+  undo("Ut");
+  EXPECT_TRUE(setup.FolLe[0].Value == 91 && setup.Utfolle.Value == 1500)
+      << "presses in a row are one";
+  undo("FolLe(3)");
+  EXPECT_EQ(setup.Ut.Text.get(), "1000");
+  choose("Ut", "Mégis");
+  choose("TF(0)", "Mégis");
+  EXPECT_TRUE(setup.FolLe[0].Value == 96 && setup.Utfolle.Value == 1500);
+  setup.Xegesz.click();
+  choose("Label6(0)", "Másolás a többi tengelyre");
+  EXPECT_TRUE(setup.FolLe[2].Value == 96 && setup.Zegesz.Checked);
+  choose("FolLe(1)", "Vissza a mentettre");
+  EXPECT_TRUE(setup.FolLe[1].Value == 91 && !setup.Yegesz.Checked && setup.Zegesz.Checked);
+  undo("FolLe(3)"), undo("FolLe(3)");
+  EXPECT_TRUE(setup.FolLe[2].Value == 91 && !setup.Yegesz.Checked && setup.Xegesz.Checked);
+
+  showTab(1);
+  QTest::mouseClick(widget("Mozg(0)"), Qt::LeftButton);
+  EXPECT_TRUE(same(journal, {}));
+  EXPECT_TRUE(lap.Esemeny.Caption.get().starts_with("A léptetéshez előbb"));
 }
 
 TEST_F(Desktop, DiagramAndBarFollowAtOnceAndThePortWithoutAUser) {

@@ -137,7 +137,8 @@ QString look(const QWidget& widget) {
   if (font.bold()) text += " bold";
   if (font.italic()) text += " italic";
   const bool isBox = widget.inherits("QLineEdit") || widget.inherits("QPlainTextEdit");
-  const auto role = isBox ? QPalette::Text : QPalette::WindowText;
+  const bool isButton = widget.inherits("QPushButton");
+  const auto role = isBox ? QPalette::Text : isButton ? QPalette::ButtonText : QPalette::WindowText;
   const QColor colour = widget.palette().color(QPalette::Active, role);
   if (colour != QApplication::palette().color(role)) text += " " + colour.name();
   return text.trimmed();

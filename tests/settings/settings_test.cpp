@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 
 #include "settings/json_settings.h"
+#include "settings/upload_folder.h"
 #include "support/contracts.h"
 #include "support/journal.h"
 #include "support/scratch.h"
@@ -35,6 +36,37 @@ TEST(SettingsFolder, IsInTheHomeThatTheSystemNamesWhereTheEnvironmentNamesNone) 
   EXPECT_EQ(userSettingsFolder(), ::getpwuid(::getuid())->pw_dir + std::string("/.config/monitra"));
   ::setenv("HOME", "/a", 1);
   EXPECT_EQ(userSettingsFolder(), "/a/.config/monitra");
+}
+
+TEST_F(Settings, UploadsAreKeptByTheirMomentAndNoMoreThanAFewHundred) {
+  ::setenv("TZ", "UTC", 1);
+  std::time_t now = 1'700'000'000;
+  UploadFolder uploads(folder, [&now] { return now; });
+  EXPECT_TRUE(uploads.list().empty());
+  EXPECT_TRUE(uploads.keep("a", "&H378", "PCB V4.x") && uploads.keep("b", "&H278", "PCB V3.2"));
+  now -= 3600;  // the clock was put back
+  EXPECT_TRUE(uploads.keep("c", "", ""));
+  scratch.write("uj/monitra/sajat.pwm", "");
+  const auto first = uploads.list();
+  ASSERT_EQ(first.size(), 3U);
+  EXPECT_EQ(first[0], (platform::KeptUpload{folder + "/2023-11-14_22-13-20.pwm",
+                                            "2023-11-14 22:13:20", "&H378", "PCB V4.x"}));
+  EXPECT_EQ(first[1].path, folder + "/2023-11-14_22-13-20_2.pwm");
+  EXPECT_EQ(first[2].when, "2023-11-14 21:13:20") << "in the order in which they came";
+  for (std::size_t n = 0; n < UploadFolder::most; ++n)
+    uploads.keep(std::to_string(n), "", ""), ++now;
+  EXPECT_EQ(uploads.list().size(), UploadFolder::most);
+  EXPECT_FALSE(std::filesystem::exists(first[2].path));
+  EXPECT_EQ(scratch.read("uj/monitra/sajat.pwm"), "");
+  EXPECT_TRUE(std::filesystem::exists(folder + "/sajat.pwm"));
+
+  scratch.write("uj/monitra/lista.json", "[{\"file\": 3}, 4");
+  EXPECT_TRUE(uploads.list().size() == UploadFolder::most && uploads.list()[0].port.empty());
+  EXPECT_TRUE(uploads.keep("z", "&H3BC", ""));
+  EXPECT_EQ(uploads.list().back().port, "&H3BC");
+  EXPECT_FALSE(UploadFolder("").keep("a", "", "") || UploadFolder("/proc/a").keep("a", "", ""));
+  ::setenv("XDG_DATA_HOME", "/b", 1);
+  EXPECT_EQ(uploadFolder("x"), "/b/monitra/x/feltoltesek");
 }
 
 TEST_F(Settings, WhateverTheFileIsTheNextSaveMakesOneAndKeepsWhatCannotBeMadeOut) {

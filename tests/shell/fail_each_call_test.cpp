@@ -90,8 +90,8 @@ struct World : Program, platform::SettingsStore {
   settings::JsonSettings config{scratch.path("config")};
   FakeDriver driver{[this](auto& what) { drive(what); }};
   MarkedPorts ports{{&driver}, {scratch.path("run"), "boot"}, [this] { return registers.now(); }};
-  Lap lap{{ports, ports, registers, box, remedies, dialog, files, codePage, *this, identity, beep,
-           [this] { ended = true; }}};
+  Lap lap{{ports, ports, registers, box, remedies, dialog, files, codePage, *this, archive,
+           identity, beep, [this] { ended = true; }}};
 };
 
 struct Operation {

@@ -114,6 +114,17 @@ TEST_F(Session, EveryActionTellsWhatComesOfIt) {
          values = shown();
          journal.clear();
        }},
+      {"pause", [this](auto&, auto&) { lap.revisions.undo.close(); }},
+      {"settle", [this](auto&, auto&) { lap.revisions.undo.settle(); }},
+      {"undo", [this](auto&, auto&) { lap.undo(); }},
+      {"redo", [this](auto&, auto&) { lap.redo(); }},
+      {"copy", [this](auto& axis, auto&) { lap.copyAxis(std::stoi(axis)); }},
+      {"revert",
+       [this](auto& column, auto& field) {
+         lap.revert(std::stoul(column),
+                    field.empty() ? revisions::allFields() : std::vector{std::stoul(field)});
+       }},
+      {"jog", [this](auto&, auto&) { lap.jog.Mozg[0].press(); }},
       {"version", [this](auto& text, auto&) { lap.setup.Verz.Caption = text; }},
       {"whole steps", [this](auto&, auto&) { lap.setup.Xegesz.click(); }},
       {"generator", [this](auto&, auto&) { lap.jog.Impulzus.click(); }},

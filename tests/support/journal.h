@@ -18,7 +18,9 @@
 #include "platform/remedy_box.h"
 #include "platform/settings_store.h"
 #include "platform/sleeper.h"
+#include "platform/upload_archive.h"
 #include "support/same.h"
+#include "support/scratch.h"
 
 /// Fakes of the outside world that write what happens, in order, into one journal.
 namespace monitra::support {
@@ -155,6 +157,26 @@ class JournalDialog : public platform::FileDialog, InJournal {
     choose(*path);
     return platform::Failure::None;
   }
+};
+
+/// Keeps what goes out as files of a folder, or not.
+class ScratchArchive : public platform::UploadArchive {
+ public:
+  explicit ScratchArchive(const Scratch& scratch) : scratch_(scratch) {}
+
+  bool keep(std::string_view content, const std::string& port, const std::string& board) override {
+    if (!works) return false;
+    const std::string n = std::to_string(kept.size());
+    kept.push_back({scratch_.write("kept" + n, std::string(content)), "moment " + n, port, board});
+    return true;
+  }
+  std::vector<platform::KeptUpload> list() override { return kept; }
+
+  bool works = true;
+  std::vector<platform::KeptUpload> kept;
+
+ private:
+  const Scratch& scratch_;
 };
 
 /// Settings in memory: "get Section.Key" and "set Application/Section.Key=value".

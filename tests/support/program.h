@@ -21,11 +21,12 @@ struct Program {
   JournalSettings settings{journal};
   FaultyFiles files;
   host::Windows1250 codePage;
+  ScratchArchive archive{scratch};
   platform::ProgramIdentity identity{"Monitra Setup", scratch.path(), "Monitra Setup", 2, 2, 0};
   std::function<void()> beep = [this] { journal.emplace_back("beep"); };
   std::function<void()> end = [this] { journal.emplace_back("end"); };
-  shell::Outside outside{registers, ports,    registers, box,      remedies, dialog,
-                         files,     codePage, settings,  identity, beep,     end};
+  shell::Outside outside{registers, ports,    registers, box,      remedies, dialog, files,
+                         codePage,  settings, archive,   identity, beep,     end};
   shell::Lap lap{outside};
 };
 

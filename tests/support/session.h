@@ -18,7 +18,7 @@ struct Session : testing::Test, Program {
   Session() {
     lap.Form_Load();
     journal.clear();
-    watched = lap.marks.observe([this] { marks = shownMarks(); });
+    watched = lap.revisions.marks.observe([this] { marks = shownMarks(); });
     lap.uploaded.handle([this] { journal.emplace_back("uploaded"); });
     dialog.whileOpen = [this] { EXPECT_EQ(status(), "") << "a clean line first"; };
     box.whileOpen = [this] {
@@ -50,7 +50,9 @@ struct Session : testing::Test, Program {
   std::string status() const {
     return std::string(shell::spokenStatus(lap.Esemeny.Kind)) + lap.Esemeny.Caption.get();
   }
-  std::string shownMarks() const { return lap.marks.savedMark() + " " + lap.marks.sentMark(); }
+  std::string shownMarks() const {
+    return lap.revisions.marks.savedMark() + " " + lap.revisions.marks.sentMark();
+  }
   /// Of fields the number, and the text where it isn't that.
   Values shown() const {
     const timing::SetupPanel& setup = lap.setup;

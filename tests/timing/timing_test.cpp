@@ -2,9 +2,11 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <sstream>
 
 #include "support/journal.h"
 #include "support/rows.h"
+#include "timing/current_curve.h"
 #include "timing/editions.h"
 #include "timing/holding_frequency.h"
 #include "timing/numbers.h"
@@ -44,6 +46,25 @@ TEST(Numbers, RoundToTheEvenNeighbourAndStayAnInt) {
   EXPECT_EQ(wholeNumber(-1.5), -2);
   EXPECT_EQ(wholeNumber(1e300), std::numeric_limits<int>::max());
   EXPECT_EQ(wholeNumber(-1e300), std::numeric_limits<int>::min());
+}
+
+TEST(Curve, IsToScaleAndItsSpeedsAreInMillimetresToo) {
+  for (const Row& row : rows("curve")) {
+    std::istringstream words(row[0]);
+    bool tarso = false;
+    AxisTimes times;
+    double until = 0;
+    words >> tarso >> times.tf >> times.t1 >> times.t2 >> times.t3 >> until;
+    std::ostringstream corners;
+    for (const auto& [time, level] : currentCurve(times, {tarso, 1}, until)) {
+      corners << (corners.tellp() > 0 ? " " : "") << time << ":" << level;
+    }
+    EXPECT_EQ(corners.str(), row[1]);
+  }
+  EXPECT_EQ(curveLength({2, 3, 4, 5}, {true, 0.5}), 11.5);
+  for (const Row& row : rows("speeds")) {
+    EXPECT_EQ(speedText(std::stod(row[0]), std::stod(row[1])), row[2]);
+  }
 }
 
 /// The room with its handlers, as the window description has it, at the first edition's base time.

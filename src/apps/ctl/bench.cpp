@@ -44,6 +44,7 @@ Bench::Bench(const PortOptions& options)
       connection_(recorder_),
       terminal_(options.yes),
       session_({lptIndex(options.lpt), options.pcb}, connection_, states(), recorder_,
+               simulated_ ? Session::Uploads::Forgotten : Session::Uploads::Kept,
                [this](const std::string& text, int style) { return answer(text, style); }) {
   isUnset_ = !session_.hasPreferences() && (options.lpt.empty() || options.pcb.empty());
   if (!simulated_) return;

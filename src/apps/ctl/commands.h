@@ -9,8 +9,13 @@ namespace monitra::ctl {
 
 enum ExitCode : int { done = 0, fileError = 1, usageError = 2, portError = 3 };
 
+/// Those of a comparison, beside done and usageError.
+inline constexpr ExitCode different = fileError;
+inline constexpr ExitCode unreadable = portError;
+
 struct ShowOptions {
   std::string file;
+  std::string spm;  ///< millimetres per step, a number above 0 and up to 3; empty: not given
   bool json = false;
 };
 
@@ -90,5 +95,15 @@ struct DecodeOptions {
 /// off, or what differs between those of two recordings. A file error if one can't be read to its
 /// end, and if anything differs.
 ExitCode decode(const DecodeOptions& options);
+
+struct DiffOptions {
+  std::string first;
+  std::string second;
+  bool json = false;
+};
+
+/// Prints what differs between two files, each a Setup or a firmware. One that ends early can't be
+/// compared.
+ExitCode diff(const DiffOptions& options);
 
 }  // namespace monitra::ctl

@@ -12,7 +12,7 @@
 #include "apps/ctl/commands.h"
 #include "apps/ctl/session.h"
 #include "host/host_files.h"
-#include "shell/event_texts.h"
+#include "store/failure_texts.h"
 #include "wire/comparison.h"
 #include "wire/message_text.h"
 #include "wire/vcd_reader.h"
@@ -50,7 +50,7 @@ Opened open(const std::string& file, const DecodeOptions& options) {
   std::string dump;
   const platform::Failure failure = readWhole(file, dump);
   if (failure != platform::Failure::None) {
-    std::cerr << shell::unreadableText(failure, file) << '\n';
+    std::cerr << store::unreadableText(failure, file) << '\n';
     return {};
   }
   wire::WireNames names{options.data, options.clock};

@@ -9,6 +9,7 @@
 #include "firmware/image_check.h"
 #include "host/host_files.h"
 #include "shell/event_texts.h"
+#include "store/failure_texts.h"
 #include "timing/numbers.h"
 
 namespace monitra::ctl {
@@ -18,7 +19,7 @@ using platform::Failure;
 namespace {
 
 void tellUnreadable(Failure failure, const std::string& file) {
-  if (failure != Failure::None) std::cerr << shell::unreadableText(failure, file) << '\n';
+  if (failure != Failure::None) std::cerr << store::unreadableText(failure, file) << '\n';
 }
 
 /// What is wrong with an image, or why it can't be read.

@@ -6,6 +6,7 @@
 
 #include "apps/ctl/commands.h"
 #include "host/executable.h"
+#include "timing/numbers.h"
 
 namespace {
 
@@ -91,6 +92,25 @@ void addFile(CLI::App* command, const std::string& name, std::string& file,
 void addShow(CLI::App& app, ShowOptions& options) {
   CLI::App* const command = addCommand(app, "show", "Megnyit egy Setup fájlt, és kiírja.");
   addFile(command, "FILE.pwm", options.file, "A Setup fájl");
+  command
+      ->add_option("--spm", options.spm,
+                   "A sebességek mm/s-ban és mm/percben is, ennyi mm/lépéssel")
+      ->option_text("MM")
+      ->check([](const std::string& text) {
+        using namespace monitra::timing;
+        constexpr double most = 3;
+        const bool fits = isNumber(text) && Ertek(text) > 0 && Ertek(text) <= most;
+        return fits ? std::string() : "0 és 3 közti szám kell, például 0.0125 (nem: " + text + ")";
+      });
+  command->add_flag("--json", options.json, "Kiírás egyetlen JSON objektumként");
+}
+
+void addDiff(CLI::App& app, DiffOptions& options) {
+  CLI::App* const command = addCommand(app, "diff",
+                                       "Két fájl (.pwm vagy .hex) eltérő mezői. Kilépési kód: 0 "
+                                       "egyforma, 1 eltér, 3 olvashatatlan.");
+  addFile(command, "A", options.first, "Setup vagy firmware");
+  addFile(command, "B", options.second, "Setup vagy firmware");
   command->add_flag("--json", options.json, "Kiírás egyetlen JSON objektumként");
 }
 
@@ -211,7 +231,9 @@ int run(int argc, char** argv) {
   bool portsAsJson = false;
   FirmwareOptions firmwareOptions;
   DecodeOptions decodeOptions;
+  DiffOptions diffOptions;
   addShow(app, showOptions);
+  addDiff(app, diffOptions);
   addUpload(app, uploadOptions);
   addOff(app, offOptions);
   addFrame(app, frameOptions);
@@ -227,6 +249,7 @@ int run(int argc, char** argv) {
     return runFirmware(*app.get_subcommand("firmware"), firmwareOptions);
   }
   if (app.got_subcommand("show")) return show(showOptions);
+  if (app.got_subcommand("diff")) return diff(diffOptions);
   if (app.got_subcommand("off")) return off(offOptions);
   if (app.got_subcommand("frame")) return frame(frameOptions);
   if (app.got_subcommand("decode")) return decode(decodeOptions);

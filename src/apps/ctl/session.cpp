@@ -23,14 +23,14 @@ platform::ProgramIdentity accompaniedProgram() {
   return program;
 }
 
+}  // namespace
+
 std::string fullPath(const std::string& path) {
   std::error_code error;
   std::filesystem::path full = std::filesystem::absolute(path, error);
   if (error) full = path;
   return full;
 }
-
-}  // namespace
 
 BoxAnswer CtlBoxes::MsgBox(const std::string& text, int style) {
   shown.push_back({text, style});
@@ -56,12 +56,15 @@ bool OptionSettings::isDamaged(const std::string& application) {
 }
 
 Session::Session(const Overrides& overrides, platform::PortRegisters& registers,
-                 platform::PortStates& ports, platform::Sleeper& sleeper, CtlBoxes::Answer answer)
+                 platform::PortStates& ports, platform::Sleeper& sleeper, Uploads uploads,
+                 CtlBoxes::Answer answer)
     : program_(accompaniedProgram()),
       preferences_(settings::userSettingsFolder()),
       settings_(preferences_, overrides.lptIndex, overrides.pcb),
+      uploads_(settings::uploadFolder(program_.EXEName)),
       boxes(std::move(answer)),
       lap({registers, ports, sleeper, boxes, remedies_, dialog_, files_, codePage_, settings_,
+           uploads == Uploads::Kept ? static_cast<platform::UploadArchive&>(uploads_) : forgotten_,
            program_, [] {}, [] { std::_Exit(done); }}) {
   lap.Form_Load();
   if (!lap.Esemeny.Caption.get().empty()) std::cerr << lap.Esemeny.Caption.get() << '\n';

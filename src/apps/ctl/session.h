@@ -12,6 +12,7 @@
 #include "platform/sleeper.h"
 #include "ports/simulated_port.h"
 #include "settings/json_settings.h"
+#include "settings/upload_folder.h"
 #include "shell/lap.h"
 
 namespace monitra::ctl {
@@ -77,8 +78,12 @@ class Session {
     std::string pcb;
   };
 
+  /// Uploads are kept among those of the program, or not.
+  enum class Uploads { Kept, Forgotten };
+
   Session(const Overrides& overrides, platform::PortRegisters& registers,
-          platform::PortStates& ports, platform::Sleeper& sleeper, CtlBoxes::Answer answer);
+          platform::PortStates& ports, platform::Sleeper& sleeper, Uploads uploads,
+          CtlBoxes::Answer answer);
 
   /// Whether the program that it accompanies has ever stored its port and board for this user.
   bool hasPreferences();
@@ -96,6 +101,8 @@ class Session {
   host::Windows1250 codePage_;
   settings::JsonSettings preferences_;
   OptionSettings settings_;
+  settings::UploadFolder uploads_;
+  platform::NoArchive forgotten_;
   NoDialog dialog_;
   NoRemedies remedies_;
 
@@ -108,7 +115,7 @@ class Session {
 class PortlessSession {
  public:
   explicit PortlessSession(CtlBoxes::Answer answer)
-      : session({}, nowhere_, nowhere_, pacer_, std::move(answer)) {}
+      : session({}, nowhere_, nowhere_, pacer_, Session::Uploads::Forgotten, std::move(answer)) {}
 
  private:
   ports::SimulatedPort nowhere_;
@@ -117,6 +124,9 @@ class PortlessSession {
  public:
   Session session;
 };
+
+/// The path from the root of the file system on.
+std::string fullPath(const std::string& path);
 
 /// A text for the terminal: "?" in the place of each control character.
 std::string printable(std::string text);

@@ -7,7 +7,8 @@ namespace monitra::ctl {
 ExitCode show(const ShowOptions& options) {
   PortlessSession portless([](const std::string&, int) { return platform::BoxAnswer::Ok; });
   const ExitCode code = portless.session.openSetup(options.file);
-  printState(portless.session, options.json);
+  if (!options.spm.empty()) portless.session.lap.setup.Spm.type(options.spm);
+  printState(portless.session, options.json, {}, !options.spm.empty());
   return code;
 }
 

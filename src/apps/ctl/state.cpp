@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include "apps/ctl/session.h"
+#include "timing/numbers.h"
 
 namespace monitra::ctl {
 
@@ -58,7 +59,22 @@ Json stateOf(const Session& session) {
   return state;
 }
 
+/// The rates of the axes in millimetres.
+void addSpeeds(Json& state, const shell::Lap& lap) {
+  const double mmPerStep = timing::Ertek(lap.setup.Spm.Text.get());
+  const auto add = [&](const char* name, const auto& rates, double seconds) {
+    Json& speeds = state[name] = Json::array();
+    for (int k = 1; k <= 3; ++k) speeds.push_back(rates[k] * mmPerStep * seconds);
+  };
+  constexpr double minute = 60;
+  add("Csucs_mm_s", lap.kozos.Csucs, 1);
+  add("Csucs_mm_min", lap.kozos.Csucs, minute);
+  add("Korlat_mm_s", lap.kozos.Korlat, 1);
+  add("Korlat_mm_min", lap.kozos.Korlat, minute);
+}
+
 std::string plain(const Json& value) {
+  if (value.is_number_float()) return timing::decimalText(value.get<double>());
   if (value.is_boolean()) return value.get<bool>() ? "igen" : "nem";
   return value.is_string() ? printable(value.get<std::string>()) : value.dump();
 }
@@ -85,8 +101,10 @@ void print(const Json& state) {
 
 }  // namespace
 
-void printState(const Session& session, bool json, const std::vector<ExtraEntry>& extra) {
+void printState(const Session& session, bool json, const std::vector<ExtraEntry>& extra,
+                bool inMillimetres) {
   Json state = stateOf(session);
+  if (inMillimetres) addSpeeds(state, session.lap);
   for (const auto& [name, value] : extra) state[name] = value;
   state["boxes"] = Json::array();
   for (const ShownBox& box : session.boxes.shown) {

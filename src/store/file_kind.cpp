@@ -1,8 +1,8 @@
-#include "shell/file_kind.h"
+#include "store/file_kind.h"
 
 #include <algorithm>
 
-namespace monitra::shell {
+namespace monitra::store {
 
 namespace {
 
@@ -20,4 +20,4 @@ FileKind fileKind(std::string_view path) {
   return hasExtension(path, ".hex") ? FileKind::Firmware : FileKind::None;
 }
 
-}  // namespace monitra::shell
+}  // namespace monitra::store

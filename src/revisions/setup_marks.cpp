@@ -1,18 +1,8 @@
-#include "shell/setup_marks.h"
+#include "revisions/setup_marks.h"
 
-#include "store/pwm_format.h"
+#include <algorithm>
 
-namespace monitra::shell {
-
-namespace {
-
-/// A number may stand in a file with or without the blank of its sign.
-std::vector<std::string> withoutBlanks(std::vector<std::string> records) {
-  for (std::string& record : records) std::erase(record, ' ');
-  return records;
-}
-
-}  // namespace
+namespace monitra::revisions {
 
 SetupMarks::SetupMarks(timing::SetupPanel& panel, const timing::Kozos& kozos)
     : panel_(panel), kozos_(kozos) {
@@ -25,7 +15,7 @@ SetupMarks::SetupMarks(timing::SetupPanel& panel, const timing::Kozos& kozos)
   }
   watch(panel_.Funkcio.ListIndex);
   for (auto* const spin : {&panel_.Utfolle, &panel_.Turesfolle}) watch(spin->Value);
-  for (auto* const box : {&panel_.Ut, &panel_.Tures}) watch(box->Text);
+  for (auto* const box : {&panel_.Ut, &panel_.Tures, &panel_.Spm}) watch(box->Text);
   for (auto* const box : {&panel_.Xegesz, &panel_.Yegesz, &panel_.Zegesz}) {
     watch(box->Checked);
   }
@@ -33,7 +23,8 @@ SetupMarks::SetupMarks(timing::SetupPanel& panel, const timing::Kozos& kozos)
 }
 
 void SetupMarks::saved() {
-  opened(store::pwmTexts(panel_, kozos_).records);
+  saved_ = fieldsOf(panel_, kozos_);
+  views_.tell();
 }
 
 void SetupMarks::notSaved() {
@@ -42,24 +33,31 @@ void SetupMarks::notSaved() {
 }
 
 void SetupMarks::opened(const std::vector<std::string>& records) {
-  saved_ = withoutBlanks(records);
+  const Fields made = fieldsOf(panel_, kozos_);
+  saved_.emplace();
+  for (FieldIndex field = 0; field < records.size(); ++field) {
+    saved_->texts[field] = records[field];
+    saved_->numbers[field] = made.numbers[field];
+  }
   views_.tell();
 }
 
 void SetupMarks::sent() {
-  sent_ = link::setupMessage(panel_.spinValues());
+  sent_ = fieldsOf(panel_.spinValues());
   views_.tell();
 }
 
 std::string SetupMarks::savedMark() const {
   if (!saved_) return "Nincs elmentve";
-  const bool same = saved_ == withoutBlanks(store::pwmTexts(panel_, kozos_).records);
+  const bool isWhole = std::ranges::all_of(saved_->texts, &std::optional<std::string>::has_value);
+  const bool same = isWhole && differences(*saved_, fieldsOf(panel_, kozos_)).empty();
   return same ? "" : "Mentés óta módosult";
 }
 
 std::string SetupMarks::sentMark() const {
   if (!sent_) return "Még nincs feltöltve";
-  return sent_ == link::setupMessage(panel_.spinValues()) ? "" : "Feltöltés óta módosult";
+  const bool same = differences(*sent_, fieldsOf(panel_.spinValues())).empty();
+  return same ? "" : "Feltöltés óta módosult";
 }
 
-}  // namespace monitra::shell
+}  // namespace monitra::revisions

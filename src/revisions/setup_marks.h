@@ -6,15 +6,13 @@
 #include <vector>
 
 #include "controls/observation.h"
-#include "link/upload.h"
-#include "timing/kozos.h"
-#include "timing/setup_panel.h"
+#include "revisions/fields.h"
 
-namespace monitra::shell {
+namespace monitra::revisions {
 
 /// Whether the Setup in the window is still the one that was last saved, and the one last sent.
-/// Compared are the texts of a Setup file, and the bytes of the message. The arguments must outlive
-/// it.
+/// Compared are the texts of a Setup file, and the numbers of the message. The arguments must
+/// outlive it.
 class SetupMarks {
  public:
   SetupMarks(timing::SetupPanel& panel, const timing::Kozos& kozos);
@@ -32,16 +30,21 @@ class SetupMarks {
   std::string savedMark() const;
   std::string sentMark() const;
 
-  /// Adds a view that is told whenever a mark may have changed, until the observation ends.
+  /// What was last saved or opened, and last sent; empty while nothing was.
+  const std::optional<Fields>& savedFields() const { return saved_; }
+  const std::optional<Fields>& sentFields() const { return sent_; }
+
+  /// Adds a view that is told whenever the Setup or a mark may have changed, until the observation
+  /// ends.
   controls::Observation observe(std::function<void()> view) { return views_.add(std::move(view)); }
 
  private:
   timing::SetupPanel& panel_;
   const timing::Kozos& kozos_;
   controls::Views views_;
-  std::optional<std::vector<std::string>> saved_;
-  std::optional<link::SetupMessage> sent_;
+  std::optional<Fields> saved_;
+  std::optional<Fields> sent_;
   std::vector<controls::Observation> watched_;
 };
 
-}  // namespace monitra::shell
+}  // namespace monitra::revisions

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace monitra::shell {
+namespace monitra::store {
 
 /// The files that the program opens.
 enum class FileKind { None, Setup, Firmware };
@@ -10,4 +10,4 @@ enum class FileKind { None, Setup, Firmware };
 /// By the extension, in either case.
 FileKind fileKind(std::string_view path);
 
-}  // namespace monitra::shell
+}  // namespace monitra::store

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <string>
+
+#include "compare/history_model.h"
+
+class QLabel;
+class QTableView;
+
+namespace monitra::compare {
+
+/// What was uploaded, the newest on top, and what can be done with it.
+class HistoryPage : public QWidget {
+ public:
+  using Act = std::function<void(const std::string& path)>;
+
+  /// The history must outlive it. A chosen file can be opened in the main window, or put beside the
+  /// present Setup.
+  HistoryPage(revisions::UploadHistory& history, Act open, Act compare);
+
+  /// Reads what has come.
+  void refresh();
+
+ private:
+  void withChosen(const std::function<void(const revisions::UploadHistory::Entry&)>& act);
+
+  HistoryModel model_;
+  QTableView* table_;
+  QLabel* details_;
+};
+
+}  // namespace monitra::compare
