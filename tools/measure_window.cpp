@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QKeyEvent>
+#include <QTableView>
 #include <QTest>
 #include <QTimer>
 #include <algorithm>
@@ -8,6 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "apps/comparison_button.h"
 #include "apps/signals_button.h"
 #include "desktop/main_window.h"
 #include "host/pacer.h"
@@ -22,6 +24,10 @@
 ///   measure_window openings COUNT  opens and closes the window of the signals so many times while
 ///     the generator runs at 1000 steps a second: the ticks meanwhile, the longest interval between
 ///     two and the median time of an opening with its first frame, in milliseconds
+///   measure_window comparison PRESSES  the median and the 99 % quantile of the time in
+///   milliseconds
+///     from such a press until all nine captions, and in the window "Összevetés" table and curve,
+///     have been painted
 ///   measure_window captions PRESSES  the median time in microseconds from a press on an arrow of
 ///     FolLe until all nine captions have their text: with the window, with the window until it has
 ///     painted them too, and without it
@@ -109,6 +115,33 @@ int measureTicks(Measured& measured, const std::string& rate, int seconds) {
   return EXIT_SUCCESS;
 }
 
+int measureComparison(Measured& measured, const QWidget& window, int presses) {
+  apps::ComparisonButton button(measured.lap);
+  measured.lap.MentesJel.click();
+  constexpr int settled = 500;
+  QTest::qWait(settled);
+  QWidget* const arrows = window.findChild<QWidget*>("FolLe(6)");
+  const auto tables = button.window()->findChildren<QTableView*>();
+  const auto* const table =
+      *std::ranges::find(tables, QStringLiteral("A Setup mezői"), &QWidget::accessibleName);
+  std::vector<double> times;
+  for (int n = 0; n < presses; ++n) {
+    const bool up = n / 100 % 2 == 0;
+    QApplication::processEvents();
+    QKeyEvent press(QEvent::KeyPress, up ? Qt::Key_Up : Qt::Key_Down, Qt::NoModifier);
+    const auto start = Clock::now();
+    QCoreApplication::sendEvent(arrows, &press);
+    // The table follows by a timer, and what it has changed is painted behind that.
+    const int value = measured.lap.setup.FolLe[6].Value;
+    const auto shown = [&] { return table->model()->index(6, 0).data().toInt() == value; };
+    while (!shown()) QApplication::processEvents();
+    QApplication::processEvents();
+    times.push_back(Microseconds(Clock::now() - start).count() / 1000);
+  }
+  std::printf("%.3f %.3f\n", quantile(times, 0.5), quantile(times, 0.99));
+  return EXIT_SUCCESS;
+}
+
 int measureCaptions(const QWidget& window, int presses) {
   Measured bare;  // without a window
   bare.lap.Form_Load();
@@ -157,5 +190,8 @@ int main(int argc, char** argv) {
     return measureTicks(measured, argv[2], argc > 3 ? std::atoi(argv[3]) : 10);
   }
   if (std::strcmp(argv[1], "openings") == 0) return measureOpenings(measured, std::atoi(argv[2]));
+  if (std::strcmp(argv[1], "comparison") == 0) {
+    return measureComparison(measured, window, std::atoi(argv[2]));
+  }
   return measureCaptions(window, std::atoi(argv[2]));
 }

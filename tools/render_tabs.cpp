@@ -6,15 +6,16 @@
 #include <filesystem>
 #include <iostream>
 
+#include "apps/comparison_button.h"
 #include "apps/signals_button.h"
 #include "desktop/main_window.h"
 #include "host/executable.h"
 #include "support/program.h"
 #include "widgets/window_style.h"
 
-/// Renders each tab of the started window, and the window of the signals, into a PNG: render_tabs
-/// FOLDER SUFFIX [--dark] The scale is the toolkit's (QT_SCALE_FACTOR), the platform best offscreen
-/// with a large screen.
+/// Renders each tab of the started window, and the windows beside it, into a PNG: render_tabs
+/// FOLDER SUFFIX SETUP [--dark] The scale is the toolkit's (QT_SCALE_FACTOR), the platform best
+/// offscreen with a large screen.
 namespace {
 
 using namespace monitra;
@@ -65,9 +66,9 @@ void work(support::Program& program) {
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
-  if (argc < 3) return EXIT_FAILURE;
+  if (argc < 4) return EXIT_FAILURE;
   QApplication::setStyle(new widgets::WindowStyle);
-  if (argc > 3) QApplication::setPalette(darkColours());
+  if (argc > 4) QApplication::setPalette(darkColours());
 
   support::Program program;
   const std::filesystem::path beside = host::programIdentity("").Path;
@@ -100,5 +101,16 @@ int main(int argc, char** argv) {
   messages->selectRow(2);
   messages->scrollToTop();
   saved = save(signalsWindow, "jelek") && saved;
+  signalsWindow.close();
+
+  program.lap.setup.FolLe[5].Value = 190;
+  for (int n = 0; n < 6; ++n) program.lap.setup.FolLe[9].pressUp();
+  apps::ComparisonButton comparison(program.lap);
+  program.lap.MentesJel.click();
+  compare::ComparisonWindow& compared = *comparison.window();
+  compared.add({QString::fromLocal8Bit(argv[3])});
+  saved = save(compared, "osszevetes") && saved;
+  compared.findChild<QTabWidget*>()->setCurrentIndex(1);
+  saved = save(compared, "elozmenyek") && saved;
   return saved ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -1,7 +1,7 @@
 #include "compare/axis_panel.h"
 
 #include <QLabel>
-#include <QVBoxLayout>
+#include <initializer_list>
 
 #include "widgets/companion.h"
 #include "widgets/looks.h"
@@ -15,13 +15,30 @@ AxisPanel::AxisPanel(int axis, QWidget* parent)
       head_(widgets::bold(widgets::makeTellingLabel("Tengely"))),
       speeds_(widgets::makeTellingLabel("Sebességek")),
       curve_(new CurveView) {
-  auto* const rows = new QVBoxLayout(this);
-  rows->setContentsMargins(0, 0, 0, 0);
-  rows->setSpacing(1);
-  rows->addWidget(head_);
-  rows->addWidget(curve_, 1);
-  rows->addWidget(speeds_);
+  for (QWidget* const part : std::initializer_list<QWidget*>{head_, curve_, speeds_}) {
+    part->setParent(this);
+  }
   curve_->setAccessibleName(name_ + QStringLiteral(" motor árama az idő függvényében"));
+}
+
+QSize AxisPanel::withWords(QSize curve) const {
+  constexpr int lines = 3;
+  return curve + QSize(0, fontMetrics().height() * lines + 2);
+}
+
+QSize AxisPanel::sizeHint() const {
+  return withWords(curve_->sizeHint());
+}
+
+QSize AxisPanel::minimumSizeHint() const {
+  return withWords(curve_->minimumSizeHint());
+}
+
+void AxisPanel::resizeEvent(QResizeEvent* /*event*/) {
+  const int line = fontMetrics().height();
+  head_->setGeometry(0, 0, width(), line);
+  curve_->setGeometry(0, line + 1, width(), height() - 3 * line - 2);
+  speeds_->setGeometry(0, height() - 2 * line, width(), 2 * line);
 }
 
 void AxisPanel::show(const CurveView::Picture& present, const CurveView::Picture& behind,

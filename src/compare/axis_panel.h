@@ -17,7 +17,16 @@ class AxisPanel : public QWidget {
   void show(const CurveView::Picture& present, const CurveView::Picture& behind, double until,
             bool wholeSteps, double mmPerStep);
 
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  /// Places its parts itself: a layout would do so for the whole window at each new text.
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
+  QSize withWords(QSize curve) const;
+
   QString name_;
   QLabel* head_;
   QLabel* speeds_;

@@ -58,6 +58,8 @@ QVariant ComparisonModel::data(const QModelIndex& index, int role) const {
   switch (role) {
     case Qt::DisplayRole:
       return cell.differs ? QStringLiteral("≠ ") + cell.text : cell.text;
+    case Qt::ToolTipRole:
+      return cell.text;
     case Qt::AccessibleTextRole:
       return cell.differs ? cell.text + QStringLiteral(", eltér") : cell.text;
     case Qt::ForegroundRole:

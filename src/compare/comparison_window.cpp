@@ -188,6 +188,7 @@ void ComparisonWindow::refreshCurves() {
       if (picture) until = std::max(until, timing::curveLength(picture->times, picture->edition));
     }
   }
+  until = CurveView::roundUp(until);
   for (std::size_t axis = 0; axis < axes_.size(); ++axis) {
     axes_[axis]->show(now[axis], saved[axis], until, wholeSteps[axis], mmPerStep);
   }

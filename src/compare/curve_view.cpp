@@ -13,6 +13,7 @@ namespace monitra::compare {
 namespace {
 
 constexpr double margin = 8;
+constexpr double perSecond = 1000;  // milliseconds
 
 /// The round number of milliseconds between two marks of which some eight fit in.
 double markEvery(double milliseconds) {
@@ -44,6 +45,12 @@ void CurveView::show(const Picture& present, const Picture& behind, double until
   update();
 }
 
+double CurveView::roundUp(double time) {
+  if (time <= 0) return time;
+  const double step = markEvery(time * perSecond) / 2 / perSecond;
+  return std::ceil(time / step) * step;
+}
+
 QSize CurveView::sizeHint() const {
   const int line = fontMetrics().height();
   return {line * 26, line * 8};
@@ -73,7 +80,7 @@ void CurveView::paintEvent(QPaintEvent* /*event*/) {
   painter.fillRect(rect(), palette().base());
   if (!present_ || until_ <= 0) return;
   drawTimes(painter);
-  painter.setPen(palette().color(QPalette::Mid));
+  painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
   if (behind_ && behind_ != present_) drawCurve(painter, *behind_);
   painter.setPen(palette().color(QPalette::Text));
   drawCurve(painter, *present_);
@@ -82,7 +89,6 @@ void CurveView::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void CurveView::drawTimes(QPainter& painter) const {
-  constexpr double perSecond = 1000;
   const QRectF area = curveArea();
   const double every = markEvery(until_ * perSecond);
   painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));

@@ -19,6 +19,10 @@ class CurveView : public QWidget {
   /// The time in seconds at the right edge is the same in all views that are compared.
   void show(const Picture& present, const Picture& behind, double until);
 
+  /// A time in seconds at which such a view may well end, so that it keeps its scale over a few
+  /// presses.
+  static double roundUp(double time);
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 

@@ -152,10 +152,13 @@ void SetupTab::addDerivedColumn(QGridLayout& grid, const DerivedColumn& column, 
   grid.addWidget(widgets_.make(column.frame), 0, at, axes + 2, 1);
   grid.setColumnMinimumWidth(at - 1, gap);
   grid.setColumnStretch(at, 1);
-  grid.setColumnMinimumWidth(
-      at, fontMetrics().horizontalAdvance(QString::fromLatin1(column.widest)) + padding);
+  const int widest = fontMetrics().horizontalAdvance(QString::fromLatin1(column.widest));
+  grid.setColumnMinimumWidth(at, widest + padding);
   for (int axis = 0; axis < axes; ++axis) {
-    QWidget* const label = widgets_.make(column.labels[axis]);
+    auto* const label = dynamic_cast<QLabel*>(widgets_.make(column.labels[axis]));
+    // Of a fixed size, or each new text would have the whole tab laid out and painted anew.
+    label->setFixedSize(widest + smallGap, label->sizeHint().height());
+    label->setAlignment(Qt::AlignCenter);
     grid.addWidget(label, axis + 1, at, Qt::AlignCenter);
     label->raise();
   }

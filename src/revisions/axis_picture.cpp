@@ -1,6 +1,5 @@
 #include "revisions/axis_picture.h"
 
-#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -51,11 +50,9 @@ std::string curveText(const AxisPicture& picture) {
   std::string text;
   for (const auto& [name, units] : {std::pair{"TF ", times.tf}, std::pair{" · T1 ", times.t1},
                                     std::pair{" · T2 ", times.t2}, std::pair{" · T3 ", times.t3}}) {
-    text += name + timing::Levag(units * picture.edition.base * milliseconds, 5);
+    text += name + timing::figuresText(units * picture.edition.base * milliseconds);
   }
-  text += " ms";
-  std::ranges::replace(text, '.', ',');
-  return text;
+  return text + " ms";
 }
 
 }  // namespace monitra::revisions

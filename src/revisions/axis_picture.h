@@ -26,7 +26,7 @@ std::optional<AxisPicture> pictureOf(const Fields& fields, int axis,
 /// Both rates of an axis, each in a line with its name, and what they are in millimetres.
 std::string speedLines(const AxisPicture& picture, double mmPerStep);
 
-/// The curve in words: "TF 3,003 · T1 8,052 · T2 ,792 · T3 ,792 ms".
+/// The curve in words: "TF 3 · T1 8,05 · T2 0,792 · T3 0,792 ms".
 std::string curveText(const AxisPicture& picture);
 
 }  // namespace monitra::revisions

@@ -27,7 +27,7 @@ class SilentBox : public platform::MessageBox {
 struct SideDesk {
   explicit SideDesk(const FileSource& source)
       : outside{dialog, source.files, source.codePage, box, program} {
-    kozos.VerFo = "5";
+    kozos.VerFo.assign(1, '5');
     editions.MBKTarso_Click();
   }
 

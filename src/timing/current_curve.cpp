@@ -13,21 +13,6 @@ constexpr double rest = 0;
 constexpr double half = 0.5;
 constexpr double peak = 1;
 
-std::string threeFigures(double number) {
-  constexpr int figures = 3;
-  constexpr int mostDecimals = 9;
-  const int whole = number > 0 ? static_cast<int>(std::floor(std::log10(number))) + 1 : figures;
-  std::array<char, 64> text{};
-  std::snprintf(text.data(), text.size(), "%.*f", std::clamp(figures - whole, 0, mostDecimals),
-                number);
-  std::string told = text.data();
-  if (told.find('.') == std::string::npos) return told;
-  told.erase(told.find_last_not_of('0') + 1);
-  if (told.back() == '.') told.pop_back();
-  std::ranges::replace(told, '.', ',');
-  return told;
-}
-
 }  // namespace
 
 std::vector<CurvePoint> currentCurve(const AxisTimes& times, const Edition& edition, double until) {
@@ -53,12 +38,27 @@ double curveLength(const AxisTimes& times, const Edition& edition) {
   return (times.tf + times.t1 + 2 * (times.t2 + times.t3)) * edition.base;
 }
 
+std::string figuresText(double number) {
+  constexpr int figures = 3;
+  constexpr int mostDecimals = 9;
+  const int whole = number > 0 ? static_cast<int>(std::floor(std::log10(number))) + 1 : figures;
+  std::array<char, 64> text{};
+  std::snprintf(text.data(), text.size(), "%.*f", std::clamp(figures - whole, 0, mostDecimals),
+                number);
+  std::string told = text.data();
+  if (told.find('.') == std::string::npos) return told;
+  told.erase(told.find_last_not_of('0') + 1);
+  if (told.back() == '.') told.pop_back();
+  std::ranges::replace(told, '.', ',');
+  return told;
+}
+
 std::string speedText(double rate, double mmPerStep) {
   constexpr double secondsPerMinute = 60;
-  std::string text = threeFigures(rate) + " S/s";
+  std::string text = figuresText(rate) + " S/s";
   if (mmPerStep <= 0) return text;
-  text += " = " + threeFigures(rate * mmPerStep) + " mm/s";
-  return text + " = " + threeFigures(rate * mmPerStep * secondsPerMinute) + " mm/perc";
+  text += " = " + figuresText(rate * mmPerStep) + " mm/s";
+  return text + " = " + figuresText(rate * mmPerStep * secondsPerMinute) + " mm/perc";
 }
 
 }  // namespace monitra::timing

@@ -33,6 +33,9 @@ std::vector<CurvePoint> currentCurve(const AxisTimes& times, const Edition& edit
 /// The seconds from a step's begin to the end of its second holding pulse.
 double curveLength(const AxisTimes& times, const Edition& edition);
 
+/// A number that isn't negative, rounded to three figures, but never a whole number: "4,16".
+std::string figuresText(double number);
+
 /// A rate in steps per second, and with a way per step in millimetres above 0 what it means on the
 /// machine: "333 S/s = 4,16 mm/s = 250 mm/perc". Rounded to three figures, but never a whole
 /// number.

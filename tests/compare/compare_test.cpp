@@ -113,7 +113,7 @@ TEST_F(Companion, ListsTheUploadsToOpenCompareAndCopy) {
   EXPECT_EQ(uploads.model()->index(0, 3).data().toString(), "TF X: 91 → 92");
   uploads.selectRow(1);
   press("Másolás szövegként");
-  EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith("moment 0, &H378"));
+  EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith("2026-11-24 07:00:00, &H378"));
   press("Összevetés a mostanival");
   EXPECT_EQ(cell(0, Comparison::firstFile), "≠ 91");
   press("Megnyitás az ablakban");

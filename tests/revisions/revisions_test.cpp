@@ -231,7 +231,8 @@ TEST(UploadHistory, KeepsEachUploadAndTellsWhatChangedFromOneToTheNext) {
   const std::string broken = "Nem olvasható be: a fájl idő előtt véget ér (kód: 62).";
   ASSERT_TRUE(same(told, {"T1 X: 244 → 245", broken, "Az első."}));
   const std::string text = entryText(entries.back());
-  EXPECT_TRUE(text.starts_with("moment 0, &H378, PCB V4.x\nAz első.\nTF X: 91\n")) << text;
+  EXPECT_TRUE(text.starts_with("2026-11-24 07:00:00, &H378, PCB V4.x\nAz első.\nTF X: 91\n"))
+      << text;
   EXPECT_EQ(std::ranges::count(text, '\n'), 2 + 22);
 }
 

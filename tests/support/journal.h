@@ -167,7 +167,8 @@ class ScratchArchive : public platform::UploadArchive {
   bool keep(std::string_view content, const std::string& port, const std::string& board) override {
     if (!works) return false;
     const std::string n = std::to_string(kept.size());
-    kept.push_back({scratch_.write("kept" + n, std::string(content)), "moment " + n, port, board});
+    kept.push_back(
+        {scratch_.write("kept" + n, std::string(content)), "2026-11-24 07:00:0" + n, port, board});
     return true;
   }
   std::vector<platform::KeptUpload> list() override { return kept; }
