@@ -47,6 +47,12 @@ void beepOnce() {
   QApplication::beep();
 }
 
+/// Where the toolkit's own words are translated. The translator must outlive their use.
+void speakHungarian(QTranslator& words) {
+  const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+  if (words.load(QStringLiteral("qtbase_hu"), folder)) QApplication::installTranslator(&words);
+}
+
 }  // namespace
 
 int run(int argc, char** argv, const WindowProgram& program) {
@@ -55,11 +61,8 @@ int run(int argc, char** argv, const WindowProgram& program) {
   QApplication application(argc, argv);
   QApplication::setWindowIcon(widgets::svgIcon(QString::fromUtf8(program.icon)));
   QApplication::setStyle(new widgets::WindowStyle);
-  QTranslator hungarian;
-  if (hungarian.load(QStringLiteral("qtbase_hu"),
-                     QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-    QApplication::installTranslator(&hungarian);
-  }
+  QTranslator words;
+  speakHungarian(words);
 
   widgets::installAccessibility();
   const platform::ProgramIdentity identity = host::programIdentity(program.title);

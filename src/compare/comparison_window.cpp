@@ -175,8 +175,9 @@ void ComparisonWindow::refreshCurves() {
   const auto& columns = shown_.revisions.comparison.columns();
   const timing::Edition edition{shown_.panel.MBKTarso.Checked, shown_.kozos.Alapido};
   const double mmPerStep = timing::Ertek(shown_.panel.Spm.Text.get());
-  const bool wholeSteps[] = {shown_.panel.Xegesz.Checked, shown_.panel.Yegesz.Checked,
-                             shown_.panel.Zegesz.Checked};
+  const std::array<bool, 3> wholeSteps{shown_.panel.Xegesz.Checked.get(),
+                                       shown_.panel.Yegesz.Checked.get(),
+                                       shown_.panel.Zegesz.Checked.get()};
   std::array<CurveView::Picture, 3> now;
   std::array<CurveView::Picture, 3> saved;
   double until = 0;
@@ -231,7 +232,7 @@ std::vector<FieldIndex> ComparisonWindow::chosenField() const {
 
 std::vector<FieldIndex> ComparisonWindow::chosenAxis() const {
   const std::vector<FieldIndex> field = chosenField();
-  if (field.empty()) return field;
+  if (field.empty()) return {};
   const std::optional<int> axis = revisions::axisOf(field.front());
   return axis ? revisions::fieldsOfAxis(*axis) : std::vector<FieldIndex>();
 }
@@ -250,7 +251,6 @@ void ComparisonWindow::tellCell() {
 void ComparisonWindow::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
   refresh();
-  history_->refresh();
 }
 
 void ComparisonWindow::dragEnterEvent(QDragEnterEvent* event) {

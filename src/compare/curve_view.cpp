@@ -93,11 +93,12 @@ void CurveView::drawTimes(QPainter& painter) const {
   const double every = markEvery(until_ * perSecond);
   painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
   painter.drawLine(area.bottomLeft(), area.bottomRight());
-  for (double at = 0; at <= until_ * perSecond * 1.0001; at += every) {
+  const int marks = static_cast<int>(until_ * perSecond / every + 1e-6);
+  for (int n = 0; n <= marks; ++n) {
+    const double at = n * every;
     const double place = x(at / perSecond);
     painter.drawLine(QPointF(place, area.bottom()), QPointF(place, area.bottom() + 3));
-    const bool last = at + every > until_ * perSecond;
-    const QString text = number(at) + (last ? QStringLiteral(" ms") : QString());
+    const QString text = number(at) + (n == marks ? QStringLiteral(" ms") : QString());
     const double wide = fontMetrics().horizontalAdvance(text);
     const double left = qBound(0.0, place - wide / 2, width() - wide);
     painter.drawText(QPointF(left, area.bottom() + 3 + fontMetrics().ascent()), text);

@@ -10,12 +10,8 @@ void HistoryModel::refresh() {
   endResetModel();
 }
 
-const revisions::UploadHistory::Entry& HistoryModel::entry(int row) const {
-  return history_.entries()[static_cast<std::size_t>(row)];
-}
-
 int HistoryModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(history_.entries().size());
+  return parent.isValid() ? 0 : static_cast<int>(history_.size());
 }
 
 int HistoryModel::columnCount(const QModelIndex& parent) const {
@@ -23,18 +19,19 @@ int HistoryModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant HistoryModel::data(const QModelIndex& index, int role) const {
-  const revisions::UploadHistory::Entry& shown = entry(index.row());
-  if (role == Qt::ToolTipRole) return widgets::toQt(shown.kept.path);
+  const auto row = static_cast<std::size_t>(index.row());
+  const platform::KeptUpload& kept = history_.kept(row);
+  if (role == Qt::ToolTipRole) return widgets::toQt(kept.path);
   if (role != Qt::DisplayRole) return {};
   switch (index.column()) {
     case When:
-      return widgets::toQt(shown.kept.when);
+      return widgets::toQt(kept.when);
     case Port:
-      return widgets::toQt(shown.kept.port);
+      return widgets::toQt(kept.port);
     case Board:
-      return widgets::toQt(shown.kept.board);
+      return widgets::toQt(kept.board);
     default:
-      return widgets::toQt(shown.changes);
+      return widgets::toQt(history_.changes(row));
   }
 }
 

@@ -16,7 +16,7 @@ class HistoryModel : public QAbstractTableModel {
 
   /// Reads what has come.
   void refresh();
-  const revisions::UploadHistory::Entry& entry(int row) const;
+  revisions::UploadHistory& history() const { return history_; }
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;

@@ -15,8 +15,6 @@
 
 namespace monitra::compare {
 
-using Entry = revisions::UploadHistory::Entry;
-
 HistoryPage::HistoryPage(revisions::UploadHistory& history, Act open, Act compare)
     : model_(history),
       table_(widgets::makeTable(&model_, "Feltöltések")),
@@ -30,15 +28,15 @@ HistoryPage::HistoryPage(revisions::UploadHistory& history, Act open, Act compar
   QHBoxLayout* const buttons = widgets::flatRow();
   widgets::addButton(buttons, "Összevetés a m&ostanival", "Oszlopként a „Mi változott?” lapra",
                      [this, act = std::move(compare)] {
-                       withChosen([&act](const Entry& entry) { act(entry.kept.path); });
+                       withChosen([&](std::size_t chosen) { act(pathOf(chosen)); });
                      });
   widgets::addButton(buttons, "Meg&nyitás az ablakban", "A főablak Setupja ez lesz",
                      [this, act = std::move(open)] {
-                       withChosen([&act](const Entry& entry) { act(entry.kept.path); });
+                       withChosen([&](std::size_t chosen) { act(pathOf(chosen)); });
                      });
   widgets::addButton(buttons, "Más&olás szövegként", "A vágólapra", [this] {
-    withChosen([this](const Entry& entry) {
-      QGuiApplication::clipboard()->setText(widgets::toQt(revisions::entryText(entry)));
+    withChosen([this](std::size_t chosen) {
+      QGuiApplication::clipboard()->setText(widgets::toQt(model_.history().text(chosen)));
       widgets::tell(details_, QStringLiteral("A vágólapon van."));
     });
   });
@@ -50,9 +48,9 @@ HistoryPage::HistoryPage(revisions::UploadHistory& history, Act open, Act compar
   rows->addWidget(details_);
   QObject::connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
                    [this](const QModelIndex& now) {
-                     if (now.isValid()) {
-                       widgets::tell(details_, widgets::toQt(model_.entry(now.row()).changes));
-                     }
+                     if (!now.isValid()) return;
+                     const auto chosen = static_cast<std::size_t>(now.row());
+                     widgets::tell(details_, widgets::toQt(model_.history().changes(chosen)));
                    });
 }
 
@@ -62,11 +60,15 @@ void HistoryPage::refresh() {
   widgets::tell(details_, QStringLiteral("Még nem volt feltöltés."));
 }
 
-void HistoryPage::withChosen(const std::function<void(const Entry&)>& act) {
+void HistoryPage::withChosen(const std::function<void(std::size_t)>& act) {
   const QModelIndex chosen = table_->currentIndex();
   if (!chosen.isValid()) return widgets::tell(details_, QStringLiteral("Jelöljön ki egy sort!"));
-  const Entry entry = model_.entry(chosen.row());  // the list may be read anew meanwhile
-  act(entry);
+  act(static_cast<std::size_t>(chosen.row()));
+}
+
+/// The list may be read anew by whoever gets it.
+std::string HistoryPage::pathOf(std::size_t chosen) const {
+  return model_.history().kept(chosen).path;
 }
 
 }  // namespace monitra::compare

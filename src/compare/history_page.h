@@ -24,7 +24,8 @@ class HistoryPage : public QWidget {
   void refresh();
 
  private:
-  void withChosen(const std::function<void(const revisions::UploadHistory::Entry&)>& act);
+  void withChosen(const std::function<void(std::size_t)>& act);
+  std::string pathOf(std::size_t chosen) const;
 
   HistoryModel model_;
   QTableView* table_;

@@ -46,6 +46,13 @@ class FileDialog {
   std::optional<std::string> given_;
 };
 
+/// No dialog comes up here: a name that isn't given is none.
+class NoDialog : public FileDialog {
+ private:
+  Failure askOpen() override { return Failure::Cancel; }
+  Failure askSave() override { return Failure::Cancel; }
+};
+
 /// Stands for the user's choice in the next dialog, which then doesn't come up. A dialog that comes
 /// after the object's end is shown again.
 class GivenName {

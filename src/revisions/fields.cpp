@@ -131,7 +131,7 @@ std::string recordText(const Fields& fields, FieldIndex field) {
 
 std::string shownText(const Fields& fields, FieldIndex field) {
   if (!fields.holds(field)) return "–";
-  const std::string text = withoutBlanks(recordText(fields, field));
+  std::string text = withoutBlanks(recordText(fields, field));
   if (text == "E") return "egész";
   if (text == "F") return "fél";
   const std::optional<int>& number = fields.numbers[field];

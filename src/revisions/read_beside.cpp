@@ -9,12 +9,6 @@ namespace monitra::revisions {
 
 namespace {
 
-class NoDialog : public platform::FileDialog {
- private:
-  platform::Failure askOpen() override { return platform::Failure::Cancel; }
-  platform::Failure askSave() override { return platform::Failure::Cancel; }
-};
-
 /// How a reading has ended, its result tells.
 class SilentBox : public platform::MessageBox {
  public:
@@ -31,7 +25,7 @@ struct SideDesk {
     editions.MBKTarso_Click();
   }
 
-  NoDialog dialog;
+  platform::NoDialog dialog;
   SilentBox box;
   platform::ProgramIdentity program{};
   store::FileOutside outside;

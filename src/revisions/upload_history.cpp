@@ -10,19 +10,6 @@ namespace monitra::revisions {
 
 using platform::Failure;
 
-namespace {
-
-std::string changesSince(const UploadHistory::Entry* before, const UploadHistory::Entry& entry) {
-  if (entry.read.failure != Failure::None) {
-    return "Nem olvasható be: " + store::failureMeaning(entry.read.failure);
-  }
-  if (before == nullptr) return "Az első.";
-  std::string changes = changesText(before->read.fields, entry.read.fields);
-  return changes.empty() ? "Ugyanaz, mint az előző." : changes;
-}
-
-}  // namespace
-
 bool UploadHistory::keep(const timing::SetupPanel& panel, const timing::Kozos& kozos,
                          const std::string& port, const std::string& board) {
   std::vector<std::string> records;
@@ -32,33 +19,45 @@ bool UploadHistory::keep(const timing::SetupPanel& panel, const timing::Kozos& k
   return archive_.keep(store::pwmLines(records, source_.codePage), port, board);
 }
 
-const std::vector<UploadHistory::Entry>& UploadHistory::refresh() {
-  std::vector<Entry> fresh;
-  const Entry* before = nullptr;
-  const std::vector<platform::KeptUpload> kept = archive_.list();
-  fresh.reserve(kept.size());
-  for (const platform::KeptUpload& upload : kept) {
+void UploadHistory::refresh() {
+  std::vector<Upload> fresh;
+  for (const platform::KeptUpload& kept : archive_.list()) {
     const auto known = std::ranges::find(
-        entries_, upload.path, [](const Entry& entry) -> auto& { return entry.kept.path; });
-    Entry& entry = fresh.emplace_back(known != entries_.end()
-                                          ? std::move(*known)
-                                          : Entry{upload, readBeside(source_, upload.path), {}});
-    entry.changes = changesSince(before, entry);
-    if (entry.read.failure == Failure::None) before = &entry;
+        uploads_, kept.path, [](const Upload& upload) -> auto& { return upload.kept.path; });
+    fresh.push_back({kept, known == uploads_.end() ? std::nullopt : std::move(known->file)});
   }
   std::ranges::reverse(fresh);
-  entries_ = std::move(fresh);
-  return entries_;
+  uploads_ = std::move(fresh);
 }
 
-std::string entryText(const UploadHistory::Entry& entry) {
-  std::string text = entry.kept.when;
-  for (const std::string& part : {entry.kept.port, entry.kept.board}) {
+const ReadFile& UploadHistory::read(std::size_t n) {
+  std::optional<ReadFile>& file = uploads_[n].file;
+  if (!file) file = readBeside(source_, uploads_[n].kept.path);
+  return *file;
+}
+
+std::string UploadHistory::changes(std::size_t n) {
+  const ReadFile& file = read(n);
+  if (file.failure != Failure::None) {
+    return "Nem olvasható be: " + store::failureMeaning(file.failure);
+  }
+  for (std::size_t before = n + 1; before < uploads_.size(); ++before) {
+    if (read(before).failure != Failure::None) continue;
+    const std::string changes = changesText(read(before).fields, file.fields);
+    return changes.empty() ? "Ugyanaz, mint az előző." : changes;
+  }
+  return "Az első.";
+}
+
+std::string UploadHistory::text(std::size_t n) {
+  const platform::KeptUpload& kept = uploads_[n].kept;
+  std::string text = kept.when;
+  for (const std::string& part : {kept.port, kept.board}) {
     if (!part.empty()) text += ", " + part;
   }
-  text += "\n" + entry.changes + "\n";
+  text += "\n" + changes(n) + "\n";
   for (const FieldIndex field : allFields()) {
-    text += std::string(fieldLabel(field)) + ": " + shownText(entry.read.fields, field) + "\n";
+    text += std::string(fieldLabel(field)) + ": " + shownText(read(n).fields, field) + "\n";
   }
   return text;
 }

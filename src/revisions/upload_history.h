@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -8,16 +9,10 @@
 
 namespace monitra::revisions {
 
-/// What has gone into controllers, by this program's uploads, and what changed from one to the
-/// next.
+/// What has gone into controllers, by this program's uploads, the newest first. A file is read
+/// once, when it is first asked for.
 class UploadHistory {
  public:
-  struct Entry {
-    platform::KeptUpload kept;
-    ReadFile read;
-    std::string changes;  ///< since the readable one before; words where there is none
-  };
-
   /// Both must outlive it.
   UploadHistory(platform::UploadArchive& archive, const FileSource& source)
       : archive_(archive), source_(source) {}
@@ -26,17 +21,29 @@ class UploadHistory {
   bool keep(const timing::SetupPanel& panel, const timing::Kozos& kozos, const std::string& port,
             const std::string& board);
 
-  /// The newest first. A file is read once.
-  const std::vector<Entry>& refresh();
-  const std::vector<Entry>& entries() const { return entries_; }
+  /// Looks for what has come and gone.
+  void refresh();
+
+  std::size_t size() const { return uploads_.size(); }
+  const platform::KeptUpload& kept(std::size_t n) const { return uploads_[n].kept; }
+
+  /// What has changed since the one before that can be read; words where there is none.
+  std::string changes(std::size_t n);
+
+  /// For the clipboard: when, where, what changed, and each field in a line.
+  std::string text(std::size_t n);
 
  private:
+  struct Upload {
+    platform::KeptUpload kept;
+    std::optional<ReadFile> file;
+  };
+
+  const ReadFile& read(std::size_t n);
+
   platform::UploadArchive& archive_;
   FileSource source_;
-  std::vector<Entry> entries_;
+  std::vector<Upload> uploads_;
 };
-
-/// An entry for the clipboard: when, where, what changed, and each field in a line.
-std::string entryText(const UploadHistory::Entry& entry);
 
 }  // namespace monitra::revisions

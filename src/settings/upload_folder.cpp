@@ -78,6 +78,7 @@ std::vector<Listed> present(const std::string& folder) {
     }
   }
   std::vector<Listed> all;
+  all.reserve(files.size() + known.size());
   for (const std::string& file : files) all.push_back({file, {}, {}});
   all.insert(all.end(), known.begin(), known.end());
   return all;

@@ -146,6 +146,15 @@ struct LapWorld : SetupWorld {
     if (!ready || !setup.MBKTarso.Checked) return;
     for (const int byte : link::setupMessage(setup.spinValues())) send(std::to_string(byte));
   }
+  /// Fields may get back the spelling that a file gave them.
+  void goBack(int way) {
+    opened = true;
+    if (way == 0) lap.undo();
+    if (way == 1) lap.redo();
+    if (way == 2) lap.revisions.undo.close();
+    if (way == 3) lap.copyAxis(static_cast<int>(text.size() % 3));
+    if (way == 4) lap.revert(revisions::Comparison::saved, revisions::fieldsOfAxis(0));
+  }
   void end(int way) {
     box.answers = {way == 0 ? platform::BoxAnswer::No : platform::BoxAnswer::Yes};
     dialog.path = scratch.path("end.pwm");
@@ -199,6 +208,7 @@ struct LapWorld : SetupWorld {
       {"Port", 3, [this](int i) { lap.port.LPT.select(i), selected = addresses[i]; }},
       {"Version", 2,
        [this](int i) { (i ? lap.port.Mpcb40 : lap.port.Mpcb32).click(), v4x = i == 1; }},
+      {"Zback", 5, [this](int i) { goBack(i); }},
       {"quit", 3, [this](int i) { end(i); }}};
   controls::TextBox* const boxes[3]{&setup.Ut, &setup.Spm, &setup.Tures};
   controls::CheckBox* const wholeSteps[3]{&setup.Xegesz, &setup.Yegesz, &setup.Zegesz};

@@ -37,13 +37,6 @@ class CtlBoxes : public platform::MessageBox {
   Answer answer_;
 };
 
-/// No dialog comes up here: a name that isn't given is none.
-class NoDialog : public platform::FileDialog {
- private:
-  platform::Failure askOpen() override { return platform::Failure::Cancel; }
-  platform::Failure askSave() override { return platform::Failure::Cancel; }
-};
-
 /// Nobody asks for a remedy here.
 class NoRemedies : public platform::RemedyBox {
  public:
@@ -103,7 +96,7 @@ class Session {
   OptionSettings settings_;
   settings::UploadFolder uploads_;
   platform::NoArchive forgotten_;
-  NoDialog dialog_;
+  platform::NoDialog dialog_;
   NoRemedies remedies_;
 
  public:
