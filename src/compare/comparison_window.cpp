@@ -169,6 +169,7 @@ void ComparisonWindow::refresh() {
   changed_.stop();
   if (model_.refresh()) hideEqualRows();
   refreshCurves();
+  if (pages_->currentWidget() == history_) history_->follow();
 }
 
 void ComparisonWindow::refreshCurves() {

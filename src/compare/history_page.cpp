@@ -54,7 +54,12 @@ HistoryPage::HistoryPage(revisions::UploadHistory& history, Act open, Act compar
                    });
 }
 
+void HistoryPage::follow() {
+  if (shown_ != model_.history().keptNow()) refresh();
+}
+
 void HistoryPage::refresh() {
+  shown_ = model_.history().keptNow();
   model_.refresh();
   if (model_.rowCount() > 0) return table_->selectRow(0);
   widgets::tell(details_, QStringLiteral("Még nem volt feltöltés."));

@@ -20,8 +20,9 @@ class HistoryPage : public QWidget {
   /// present Setup.
   HistoryPage(revisions::UploadHistory& history, Act open, Act compare);
 
-  /// Reads what has come.
+  /// Reads the list anew; or only if this run has added to it.
   void refresh();
+  void follow();
 
  private:
   void withChosen(const std::function<void(std::size_t)>& act);
@@ -30,6 +31,7 @@ class HistoryPage : public QWidget {
   HistoryModel model_;
   QTableView* table_;
   QLabel* details_;
+  long shown_ = 0;  ///< of what this run has kept
 };
 
 }  // namespace monitra::compare

@@ -40,11 +40,11 @@ QPushButton* markButton(const WidgetMaker& widgets, NameOf<QPushButton> name,
     adjust(colours);
     button->setPalette(colours);
   };
+  dynamic_cast<NarrowButton&>(*button).makeLow();
   // The row stays as high as it is.
   QSizePolicy size = button->sizePolicy();
   size.setRetainSizeWhenHidden(true);
   button->setSizePolicy(size);
-  dynamic_cast<NarrowButton&>(*button).makeLow();
   show();
   followTheme(button, adjust);
   keep(button, marks.observe(show));

@@ -7,6 +7,8 @@
 #include <QMenu>
 #include <QShortcut>
 #include <QVariant>
+#include <functional>
+#include <utility>
 
 #include "desktop/widget_maker.h"
 #include "widgets/bindings.h"
@@ -88,24 +90,23 @@ void SetupActions::openMenu(QWidget* field, const QPoint& where) {
   auto* const box = qobject_cast<QLineEdit*>(field);
   QMenu* const menu = box != nullptr ? box->createStandardContextMenu() : new QMenu(field);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  for (const char* const own : {"edit-undo", "edit-redo"}) {
-    if (auto* const action = menu->findChild<QAction*>(QLatin1String(own))) {
-      menu->removeAction(action);
-    }
+  // The toolkit's menu of a typed box begins with an undo and a redo of its own.
+  for (int own = 0; own < 2 && box != nullptr && !box->isReadOnly(); ++own) {
+    menu->removeAction(menu->actions().constFirst());
   }
   revisions::Undo& undo = lap_.revisions.undo;
   undo.close();
   QAction* const first = menu->actions().value(0);
   const auto add = [&](const char* text, const QKeySequence& keys, bool can,
-                       void (shell::Lap::*act)()) {
+                       std::function<void()> act) {
     auto* const action = new QAction(QString::fromUtf8(text), menu);
     action->setShortcut(keys);
     action->setEnabled(can);
-    connect(action, &QAction::triggered, this, [this, act] { (lap_.*act)(); });
+    connect(action, &QAction::triggered, this, std::move(act));
     menu->insertAction(first, action);
   };
-  add("&Visszavonás", undoKeys(), undo.canUndo(), &shell::Lap::undo);
-  add("&Mégis", redoKeys(), undo.canRedo(), &shell::Lap::redo);
+  add("&Visszavonás", undoKeys(), undo.canUndo(), [this] { lap_.undo(); });
+  add("&Mégis", redoKeys(), undo.canRedo(), [this] { lap_.redo(); });
   if (first != nullptr && !first->isSeparator()) menu->insertSeparator(first);
   const QVariant axis = field->property(axisProperty);
   if (axis.isValid()) addAxis(menu, axis.toInt());

@@ -16,7 +16,9 @@ bool UploadHistory::keep(const timing::SetupPanel& panel, const timing::Kozos& k
   for (int record = 1; record <= store::pwmRecords; ++record) {
     records.push_back(store::pwmRecord(record, panel, kozos));
   }
-  return archive_.keep(store::pwmLines(records, source_.codePage), port, board);
+  if (!archive_.keep(store::pwmLines(records, source_.codePage), port, board)) return false;
+  ++keptNow_;
+  return true;
 }
 
 void UploadHistory::refresh() {

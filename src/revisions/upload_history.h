@@ -21,6 +21,9 @@ class UploadHistory {
   bool keep(const timing::SetupPanel& panel, const timing::Kozos& kozos, const std::string& port,
             const std::string& board);
 
+  /// How many this run has kept.
+  long keptNow() const { return keptNow_; }
+
   /// Looks for what has come and gone.
   void refresh();
 
@@ -44,6 +47,7 @@ class UploadHistory {
   platform::UploadArchive& archive_;
   FileSource source_;
   std::vector<Upload> uploads_;
+  long keptNow_ = 0;
 };
 
 }  // namespace monitra::revisions

@@ -92,6 +92,7 @@ std::string byteName(const Message& message, std::size_t position) {
   const bool isSetup = message.kind == Message::Kind::Setup;
   if (position == 0) return isSetup ? "Indít" : "Motor";
   if (position + 1 == message.bytes.size()) return isSetup ? "Zár" : "Vonal";
+  if (!isSetup) return {};
   for (const SetupField& field : setupFields(message.bytes)) {
     if (position >= field.firstByte && position < field.firstByte + field.bytes) return field.name;
   }

@@ -105,9 +105,10 @@ TEST_F(Companion, PutsFilesBesideAndOpensThemOnlyWhenAsked) {
 TEST_F(Companion, ListsTheUploadsToOpenCompareAndCopy) {
   lap.setup.Letolt.click();
   lap.setup.FolLe[0].pressUp();
+  companion().findChild<QTabWidget*>()->setCurrentIndex(1);
   lap.setup.Letolt.click();
   lap.setup.FolLe[0].pressUp();
-  companion().findChild<QTabWidget*>()->setCurrentIndex(1);
+  QApplication::processEvents();
   QTableView& uploads = table("Feltöltések");
   ASSERT_EQ(uploads.model()->rowCount(), 2);
   EXPECT_EQ(uploads.model()->index(0, 3).data().toString(), "TF X: 91 → 92");

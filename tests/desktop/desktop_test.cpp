@@ -96,6 +96,8 @@ TEST_F(Desktop, KeysAndTheContextMenuOfAFieldUndoAndCopyAnAxis) {
     QApplication::sendEvent(widget(at), &asked);
     auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_NE(menu, nullptr) << at;
+    const auto isUndo = [](QAction* action) { return action->text().contains("isszavon"); };
+    ASSERT_EQ(std::ranges::count_if(menu->actions(), isUndo), 1);
     for (QAction* const action : menu->actions()) {
       if (action->text().remove('&') == QString::fromUtf8(words)) action->trigger();
     }
