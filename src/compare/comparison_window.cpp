@@ -119,6 +119,9 @@ QLayout* ComparisonWindow::makeFileButtons() {
         QStringLiteral("Setup és firmware (*.pwm *.hex);;Minden fájl (*)")));
   });
   addButton(row, "E&lvétel", "A kijelölt fájl oszlopa elmegy", [this] {
+    if (chosenColumn() < Comparison::firstFile) {
+      return tell(details_, QStringLiteral("Jelölje ki egy fájl oszlopát!"));
+    }
     shown_.revisions.comparison.remove(chosenColumn());
     refresh();
   });

@@ -82,7 +82,8 @@ void CurveView::paintEvent(QPaintEvent* /*event*/) {
   drawTimes(painter);
   painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
   if (behind_ && behind_ != present_) drawCurve(painter, *behind_);
-  painter.setPen(palette().color(QPalette::Text));
+  constexpr double foremost = 2;  // pixels
+  painter.setPen(QPen(palette().color(QPalette::Text), foremost));
   drawCurve(painter, *present_);
   drawMarks(painter);
   drawRates(painter);

@@ -34,7 +34,7 @@ HistoryPage::HistoryPage(revisions::UploadHistory& history, Act open, Act compar
                      [this, act = std::move(open)] {
                        withChosen([&](std::size_t chosen) { act(pathOf(chosen)); });
                      });
-  widgets::addButton(buttons, "Más&olás szövegként", "A vágólapra", [this] {
+  widgets::addButton(buttons, "Másolás &szövegként", "A vágólapra", [this] {
     withChosen([this](std::size_t chosen) {
       QGuiApplication::clipboard()->setText(widgets::toQt(model_.history().text(chosen)));
       widgets::tell(details_, QStringLiteral("A vágólapon van."));
