@@ -46,18 +46,15 @@ struct Companion : Window {
 };
 
 TEST_F(Companion, FollowsTheSetupMarksWhatDiffersAndLeadsBack) {
-  const auto* const curve = companion().findChildren<CurveView*>().front();
-  const QImage before = const_cast<CurveView*>(curve)->grab().toImage();
+  auto* const curve = companion().findChildren<CurveView*>().front();
+  const QImage before = curve->grab().toImage();
   for (int n = 0; n < 30; ++n) lap.setup.FolLe[3].pressDown();
   lap.setup.FolLe[9].pressUp();
   QApplication::processEvents();
-  EXPECT_EQ(cell(3, 0), "214");
-  EXPECT_EQ(cell(3, 1), "≠ 244");
+  EXPECT_EQ(cell(3, 0) + cell(3, 1) + cell(3, 2), "214≠ 244–") << "nothing was sent yet";
   EXPECT_EQ(cell(3, 1, Qt::AccessibleTextRole), "244, eltér");
-  EXPECT_EQ(cell(3, 2), "–") << "nothing was sent yet";
   EXPECT_TRUE(tells("Áram határolás: 142 S/s = 1,77 mm/s = 106 mm/perc"));
-  const QImage after = const_cast<CurveView*>(curve)->grab().toImage();
-  EXPECT_NE(after, before);
+  EXPECT_NE(curve->grab().toImage(), before);
   lap.setup.Letolt.click();
   QApplication::processEvents();
   EXPECT_EQ(cell(3, 2), "214");
@@ -73,7 +70,6 @@ TEST_F(Companion, FollowsTheSetupMarksWhatDiffersAndLeadsBack) {
   EXPECT_EQ(lap.setup.FolLe[3].Value, 214);
   press("A tengely vissza");
   EXPECT_EQ(lap.setup.FolLe[9].Value, 24);
-  QTest::keyClick(&companion(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
   press("Mind vissza");
   QApplication::processEvents();
   EXPECT_EQ(lap.revisions.marks.savedMark(), "");
