@@ -43,6 +43,9 @@ class Desktop:
         os.close(theirs)
         os.environ["DISPLAY"] = ":" + os.read(ours, 16).decode().strip()
         self.manager = subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL)
+        # A window that came before the manager would never get the focus.
+        wait_for("the window manager", lambda: subprocess.run(
+            ["xdotool", "get_desktop"], capture_output=True, check=False).returncode == 0)
         return self
 
     def __exit__(self, *_):
