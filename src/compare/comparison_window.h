@@ -13,7 +13,6 @@
 
 class QCheckBox;
 class QLabel;
-class QSplitter;
 class QTableView;
 class QTabWidget;
 

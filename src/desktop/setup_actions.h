@@ -6,7 +6,6 @@
 
 #include "shell/lap.h"
 
-class QLineEdit;
 class QMenu;
 class QPoint;
 class QWidget;
