@@ -34,7 +34,9 @@ struct PortState {
   std::string node = {};     ///< "/dev/parport0"; empty without one
   std::string holder = {};   ///< who has a busy port: "program (number)", or a driver's name
   bool holderIsDriver = false;
-  std::string group = {};  ///< whose members may open a port that the user may not
+  std::string group = {};     ///< whose members may open a port that the user may not
+  bool forSeat = false;       ///< whoever sits at the PC may open it too
+  bool comesAtStart = false;  ///< the missing driver is loaded at every start of the PC
   /// The printer's driver is there too. Its pages wait while we have the port, and where the port
   /// has an interrupt the kernel can freeze when it hands the port over to one that waits.
   bool shared = false;

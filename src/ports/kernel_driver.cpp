@@ -84,7 +84,8 @@ Members membersFor(const std::filesystem::path& file) {
 }  // namespace
 
 PortState KernelDriver::none() const {
-  return {.kind = folder_.searches() ? Kind::NoPort : Kind::NoDriver};
+  if (folder_.searches()) return {.kind = Kind::NoPort};
+  return {.kind = Kind::NoDriver, .comesAtStart = folder_.loadsAtStart()};
 }
 
 PortState KernelDriver::look(const FoundPort& port) {
@@ -149,6 +150,7 @@ PortState KernelDriver::refused(const FoundPort& port, int error) const {
   if (members.group.empty()) return state;
   state = of(port, members.hasUser ? Kind::NotYetMember : Kind::NoPermission);
   state.group = members.group;
+  state.forSeat = folder_.forSeat(port);
   return state;
 }
 

@@ -121,6 +121,27 @@ bool ParportFolder::servesPrograms() const {
   return fs::exists(root_ / "sys/class/ppdev", error);
 }
 
+bool ParportFolder::loadsAtStart() const {
+  for (const char* const folder : {"etc", "run", "usr/local/lib", "usr/lib"}) {
+    for (const fs::path& file : entries(root_ / folder / "modules-load.d")) {
+      std::ifstream stream(file);
+      for (std::string line; std::getline(stream, line);) {
+        if (line == "parport_pc") return true;
+      }
+    }
+  }
+  return false;
+}
+
+bool ParportFolder::forSeat(const FoundPort& port) const {
+  struct stat device {};
+  if (::stat(node(port).c_str(), &device) != 0) return false;
+  std::ostringstream tagged;
+  tagged << "run/udev/tags/uaccess/c" << major(device.st_rdev) << ':' << minor(device.st_rdev);
+  std::error_code error;
+  return fs::exists(root_ / tagged.str(), error);
+}
+
 fs::path ParportFolder::node(const FoundPort& port) const {
   return root_ / "dev" / (std::string(portName) + std::to_string(port.number));
 }

@@ -31,6 +31,12 @@ class ParportFolder {
   bool searches() const;
   bool servesPrograms() const;
 
+  /// Whether the system is told to load the driver for the PC's ports at every start.
+  bool loadsAtStart() const;
+
+  /// Whether the system gives the port to whoever sits at the PC.
+  bool forSeat(const FoundPort& port) const;
+
   /// Its node for programs.
   std::filesystem::path node(const FoundPort& port) const;
 

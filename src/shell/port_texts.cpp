@@ -61,9 +61,13 @@ std::string command(const PortState& state) {
 
 std::string advice(const PortState& state) {
   if (command(state) == loadDriver) {
-    return "Előbb vegye le a tápot a vezérlőről: a meghajtó betöltéskor mintákat ír a port "
-           "lábaira, "
-           "és a motorok megmozdulhatnak!";
+    return std::string(state.comesAtStart ? "Ha úgy sem megy, töltse be a meghajtót! " : "") +
+           "Előbb vegye le a tápot a vezérlőről: a meghajtó betöltéskor mintákat ír a port "
+           "lábaira, és a motorok megmozdulhatnak!";
+  }
+  if (state.kind == Kind::NoPermission && state.forSeat) {
+    return "Ha távolról kell, lépjen be a(z) " + state.group +
+           " csoportba, azután jelentkezzen be újra!";
   }
   if (state.kind == Kind::NoPermission || state.kind == Kind::NotYetMember) {
     return "Ha ki- és bejelentkezés után sem megy, indítsa újra a gépet!";
@@ -81,7 +85,8 @@ std::string advice(const PortState& state) {
 std::string portCause(const PortState& state) {
   switch (state.kind) {
     case Kind::NoDriver:
-      return "a nyomtatóport meghajtója nincs betöltve. Töltse be!";
+      return std::string("a nyomtatóport meghajtója nincs betöltve. ") +
+             (state.comesAtStart ? "Indítsa újra a gépet!" : "Töltse be!");
     case Kind::NoNode:
       return "a ppdev meghajtó nincs betöltve. Töltse be!";
     case Kind::Hidden:
@@ -89,6 +94,9 @@ std::string portCause(const PortState& state) {
     case Kind::NoneLeft:
       return "ehhez a címhez nincs port. Válasszon másikat a „Teszt” fülön!";
     case Kind::NoPermission:
+      if (state.forSeat) {
+        return theOne(state) + " azé, aki a gép előtt ül. Ott jelentkezzen be!";
+      }
       return theOne(state) + " használatára nincs jog. Lépjen be a(z) " + state.group +
              " csoportba!";
     case Kind::NotYetMember:

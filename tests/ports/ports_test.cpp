@@ -109,7 +109,7 @@ struct KernelFolders : Steps {
     }
     if (state.error != 0) all += " error " + std::to_string(state.error);
     return all + state.group + (state.holderIsDriver ? " driver" : "") +
-           (state.shared ? " shared" : "");
+           (state.shared ? " shared" : "") + (state.comesAtStart ? " at start" : "");
   }
   void make(const std::string& path, const std::string& content) {
     fs::create_directories((root / path).parent_path());

@@ -90,6 +90,8 @@ TEST(PortTexts, NameThePortInUseOrTellWhyNothingGoesOutAndTheRemedy) {
                           .holder = row[3],
                           .holderIsDriver = row[4] == "driver",
                           .group = "lp",
+                          .forSeat = row[4] == "seat",
+                          .comesAtStart = row[4] == "start",
                           .shared = row[4] == "shared",
                           .error = 5};
     const auto [text, advice, command, canRetry] = portRemedy(state, "&H378");
