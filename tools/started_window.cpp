@@ -14,6 +14,7 @@ int main(int argc, char** argv) {
       if (window->isVisible()) new FirstFrame(window);
     }
   };
-  return monitra::apps::run(argc, argv,
-                            {"Monitra Setup", ":/pictures/monitra.svg", ports, ports, watch});
+  return monitra::apps::run(
+      argc, argv,
+      {"Monitra Setup", ":/pictures/monitra.svg", "hu.monitra.Setup", ports, ports, watch});
 }

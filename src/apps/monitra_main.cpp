@@ -13,6 +13,7 @@ int main(int argc, char** argv) {
     told = lap.PortAllapot.Caption.observe(
         [&lap] { std::cout << lap.PortAllapot.Caption.get() << std::endl; });
   };
-  return apps::run(argc, argv,
-                   {"Monitra Setup", ":/pictures/monitra.svg", ports, ports, tellChanges});
+  return apps::run(
+      argc, argv,
+      {"Monitra Setup", ":/pictures/monitra.svg", "hu.monitra.Setup", ports, ports, tellChanges});
 }

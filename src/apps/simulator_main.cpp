@@ -121,7 +121,8 @@ int main(int argc, char** argv) {
   host::openStandardDescriptors();
   ports::SimulatedPort port;
   std::unique_ptr<Report> report;
-  return apps::run(argc, argv,
-                   {"Monitra Szimulátor", ":/pictures/szimulator.svg", port, port,
-                    [&](shell::Lap& lap) { report = std::make_unique<Report>(lap, port); }});
+  return apps::run(
+      argc, argv,
+      {"Monitra Szimulátor", ":/pictures/szimulator.svg", "hu.monitra.Szimulator", port, port,
+       [&](shell::Lap& lap) { report = std::make_unique<Report>(lap, port); }});
 }

@@ -60,6 +60,7 @@ int run(int argc, char** argv, const WindowProgram& program) {
   preferX();
   QApplication application(argc, argv);
   QApplication::setWindowIcon(widgets::svgIcon(QString::fromUtf8(program.icon)));
+  QApplication::setDesktopFileName(QString::fromUtf8(program.entry));
   QApplication::setStyle(new widgets::WindowStyle);
   QTranslator words;
   speakHungarian(words);

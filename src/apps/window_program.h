@@ -12,6 +12,7 @@ namespace monitra::apps {
 struct WindowProgram {
   const char* title;  ///< caption of its message boxes
   const char* icon;   ///< of the window and the task bar
+  const char* entry;  ///< name of its desktop entry, by which a desktop knows its windows
   platform::PortRegisters& registers;
   platform::PortStates& ports;
   /// Called with the started Lap once the window shows; may be empty.
