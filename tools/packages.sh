@@ -16,6 +16,11 @@ check_packages="clang-format clang-tidy"
 coverage_packages="gcovr"
 # To build the fuzzers, with the sanitizers' and libFuzzer's own libraries.
 fuzz_packages="clang libclang-rt-dev"
+# To make the Debian package: what its own list names, and the maker of packages.
+package_packages="build-essential debhelper $(sed -n '/^Build-Depends:/,/^[^ ]*:/s/^ \([a-z0-9+-]*\).*/\1/p' debian/control |
+  grep -v debhelper-compat | tr '\n' ' ')"
+# To judge the files of the package.
+packaging_check_packages="appstream desktop-file-utils mandoc man-db libxml2-utils"
 # To make a root of a release that has none of the above.
 fresh_debian_packages="debootstrap"
 

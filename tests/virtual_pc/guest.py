@@ -115,9 +115,10 @@ def build_memory(folder, programs, setup, kernel, window=None):
     return archive
 
 
-def start(folder, kernel, memory, script, bases, entry="378"):
+def start(folder, kernel, memory, script, bases, entry="378", *, megabytes=512, patience=120, more=""):
     """Runs a script in the virtual PC until it ends, with ports at these addresses; it finds the
-    first one's on the kernel's command line. Returns the serial line's text and the trace, as text each."""
+    first one's on the kernel's command line, to which more can be added. Returns the serial line's
+    text and the trace, as text each."""
     base = bases[0] if bases else 0x378
     out, trace = folder / f"{script}-{base:x}.txt", folder / f"{script}-{base:x}.trace"
     for file in (out, trace):
@@ -126,14 +127,14 @@ def start(folder, kernel, memory, script, bases, entry="378"):
     for number, address in enumerate(bases):
         devices += ["-chardev", f"null,id=nothing{number}", "-device",
                     f"isa-parallel,chardev=nothing{number},iobase={address:#x},irq={7 - 2 * number}"]
-    line = f"quiet loglevel=1 panic=-1 mitigations=off script={script} base={base:#x} entry={entry}"
+    line = f"quiet loglevel=1 panic=-1 mitigations=off script={script} base={base:#x} entry={entry} {more}"
     ended = subprocess.run(
-        ["qemu-system-x86_64", "-M", "pc", "-accel", "tcg", "-m", "512", "-nodefaults",
+        ["qemu-system-x86_64", "-M", "pc", "-accel", "tcg", "-m", str(megabytes), "-nodefaults",
          "-no-user-config", "-display", "none", "-no-reboot", "-kernel", kernel, "-initrd", memory,
          "-append", line, "-serial", f"file:{out}", *devices,
          "-device", "isa-debug-exit,iobase=0x501,iosize=1", "-msg", "timestamp=on",
          "-D", trace, "-trace", "parallel_ioport_*"],
-        timeout=120, env={**os.environ, "LANG": "C"}, check=False)
+        timeout=patience, env={**os.environ, "LANG": "C"}, check=False)
     text = out.read_text(errors="replace").replace("\r\n", "\n")
     if ended.returncode != 1:
         raise RuntimeError(f"the virtual PC ended with {ended.returncode}:\n{text}")
