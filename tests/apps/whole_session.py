@@ -235,6 +235,15 @@ def look_at_signals(program):
     program.wait_until_active("frame", name="Vilor CNC")
 
 
+def read_the_information(program):
+    """From the file that lies beside the program."""
+    xdotool("key", "alt+i")
+    wait_for("the text of Info.txt", lambda: any(
+        w.getRoleName() == "text" and "Info.txt" in w.description
+        and w.queryText().getText(0, 8) == "MONITRA:" for w in program.all()))
+    xdotool("key", "alt+m")
+
+
 def save_and_quit(program, folder):
     xdotool("key", "alt", "Down", "Down", "Return")  # "Setup Mentés" by keys alone
     answer_file_dialog(program, folder / "uj.pwm")
@@ -295,6 +304,7 @@ def drive(simulator, examples, folder):
             test_phases(program)
             jog(program)
             look_at_signals(program)
+            read_the_information(program)
             save_and_quit(program, folder)
         except BaseException:
             print("heard:", *program.heard(), sep="\n  ")
