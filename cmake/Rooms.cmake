@@ -4,6 +4,9 @@
 
 add_library(monitra_options INTERFACE)
 target_compile_options(monitra_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+# What is built for others doesn't tell where.
+target_compile_options(monitra_options INTERFACE
+  $<$<NOT:$<CONFIG:Debug>>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>)
 if(MONITRA_WERROR)
   target_compile_options(monitra_options INTERFACE -Werror)
 endif()
