@@ -28,7 +28,7 @@ std::string refusal(std::span<char* const> arguments, platform::Files& files) {
 void openNamed(shell::Lap& lap, platform::Files& files, std::span<char* const> arguments) {
   if (arguments.empty()) return;
   const std::string before = lap.Esemeny.Caption;
-  const controls::Status kindBefore = lap.Esemeny.Kind;
+  const controls::Status kindBefore = lap.Esemeny.kind();
   std::error_code error;
   const std::string path = std::filesystem::absolute(arguments.front(), error);
   const std::string why = refusal(arguments, files);
@@ -36,7 +36,7 @@ void openNamed(shell::Lap& lap, platform::Files& files, std::span<char* const> a
   if (before.empty()) return;
   // What the start had to say must not be lost.
   const std::string told = lap.Esemeny.Caption;
-  lap.Esemeny.show(std::max(kindBefore, lap.Esemeny.Kind.get()),
+  lap.Esemeny.show(std::max(kindBefore, lap.Esemeny.kind()),
                    told.empty() ? before : before + " " + told);
 }
 

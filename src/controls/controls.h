@@ -60,17 +60,21 @@ struct Label {
 enum class Status { Plain, Done, Warning, Fault };
 
 /// A label that tells how things stand. Its text comes with its kind, so only show() and clear()
-/// set them; the kind is set first, so that who observes the caption finds both.
-struct StatusLabel : Label {
+/// set them, and who observes the caption finds both.
+class StatusLabel : public Label {
+ public:
   /// No text has no kind.
   void show(Status kind, const std::string& text) {
-    if (kind != Kind && Caption.get() == text) Caption = std::string();
-    Kind = text.empty() ? Status::Plain : kind;
+    if (kind != kind_ && Caption.get() == text) Caption = std::string();
+    kind_ = text.empty() ? Status::Plain : kind;
     Caption = text;
   }
   void clear() { show(Status::Plain, {}); }
 
-  Property<Status> Kind{Status::Plain};
+  Status kind() const { return kind_; }
+
+ private:
+  Status kind_ = Status::Plain;
 };
 
 /// A group of controls with a border.

@@ -168,7 +168,7 @@ void nameForScreenReader(QWidget* widget, const ControlDescription& entry, int i
                        headed = !entry.spoken.empty()] {
     const QString text = toQt(shown->Caption.get()).trimmed();
     QString head = headed ? name + QStringLiteral(": ") : QString();
-    if (status != nullptr) head += toQt(shell::spokenStatus(status->Kind));
+    if (status != nullptr) head += toQt(shell::spokenStatus(status->kind()));
     widget->setAccessibleName(text.isEmpty() ? name : head + text);
   };
   rename();

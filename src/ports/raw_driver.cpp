@@ -1,22 +1,8 @@
 #include "ports/raw_driver.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <utility>
-
-#if defined(__x86_64__) || defined(__i386__)
 #include <sys/io.h>
-#else
-// Other PCs have no such registers, so the right to use them is never given.
-static int ioperm(unsigned long, unsigned long, int) {
-  errno = EPERM;
-  return -1;
-}
-static unsigned char inb(unsigned short) {
-  return 0xFF;
-}
-static void outb(unsigned char, unsigned short) {}
-#endif
+#include <utility>
 
 namespace monitra::ports {
 

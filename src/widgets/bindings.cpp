@@ -151,7 +151,7 @@ void bind(QLabel* widget, controls::Label& control) {
 
 void bind(StatusLine* widget, controls::StatusLabel& control) {
   bind(static_cast<QLabel*>(widget), static_cast<controls::Label&>(control));
-  mirror(widget, control.Caption, [widget, &control] { widget->setKind(control.Kind); });
+  mirror(widget, control.Caption, [widget, &control] { widget->setKind(control.kind()); });
 }
 
 void bind(QLineEdit* widget, controls::TextBox& control) {

@@ -48,7 +48,7 @@ struct Session : testing::Test, Program {
   }
 
   std::string status() const {
-    return std::string(shell::spokenStatus(lap.Esemeny.Kind)) + lap.Esemeny.Caption.get();
+    return std::string(shell::spokenStatus(lap.Esemeny.kind())) + lap.Esemeny.Caption.get();
   }
   std::string shownMarks() const {
     return lap.revisions.marks.savedMark() + " " + lap.revisions.marks.sentMark();

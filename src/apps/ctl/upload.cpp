@@ -67,7 +67,7 @@ ExitCode upload(const UploadOptions& options) {
   if (sent) {
     const auto first = bench.events().begin() + static_cast<std::ptrdiff_t>(bench.firstSent());
     printTiming({first, bench.events().end()});
-    if (lap.Esemeny.Kind == controls::Status::Warning)
+    if (lap.Esemeny.kind() == controls::Status::Warning)
       std::cerr << lap.Esemeny.Caption.get() << '\n';
   } else {
     std::cout << "Nem ment ki semmi.\n";
