@@ -156,8 +156,7 @@ PortState KernelDriver::refused(const FoundPort& port, int error) const {
 
 PortState KernelDriver::busy(const FoundPort& port) const {
   PortState state = of(port, Kind::Busy);
-  state.holder = holderOf(folder_, port);
-  state.holderIsDriver = isDriver(state.holder);
+  findHolder(folder_, port, state);
   return state;
 }
 

@@ -156,17 +156,16 @@ fs::path ParportFolder::folder(const FoundPort& port) const {
   return root_ / "proc/sys/dev/parport" / (std::string(portName) + std::to_string(port.number));
 }
 
-std::string holderOf(const ParportFolder& folder, const FoundPort& port) {
+void findHolder(const ParportFolder& folder, const FoundPort& port, platform::PortState& state) {
   constexpr std::string_view forPrograms = "ppdev";
   for (const std::string& name : folder.registered(port)) {
-    if (!name.starts_with(forPrograms) && name != printerDriver) return name;
+    if (name.starts_with(forPrograms) || name == printerDriver) continue;
+    state.holder = name;
+    state.holderIsDriver = true;
+    return;
   }
-  const std::string program = programHolding(folder.node(port));
-  return program.empty() ? programHolding(folder.lock(port)) : program;
-}
-
-bool isDriver(std::string_view holder) {
-  return !holder.empty() && holder.find('(') == std::string_view::npos;
+  state.holder = programHolding(folder.node(port));
+  if (state.holder.empty()) state.holder = programHolding(folder.lock(port));
 }
 
 std::string programHolding(const fs::path& file) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -52,13 +51,9 @@ class ParportFolder {
 /// The name of the printer's driver.
 inline constexpr std::string_view printerDriver = "lp";
 
-/// Who keeps a port from us: the name of a driver that is registered on it, other than the
-/// printer's and that for programs, or else a program's name and number; empty if nobody can be
-/// seen.
-std::string holderOf(const ParportFolder& folder, const FoundPort& port);
-
-/// Whether that is a driver's name.
-bool isDriver(std::string_view holder);
+/// Puts into the state of a port who keeps it from us: a driver that is registered on it, other than
+/// the printer's and that for programs, or else a program; nobody if none can be seen.
+void findHolder(const ParportFolder& folder, const FoundPort& port, platform::PortState& state);
 
 /// The program that holds a file locked, or where none does one that has it open: its name and
 /// number; empty if that can't be seen.

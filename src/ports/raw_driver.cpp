@@ -117,8 +117,7 @@ RawDriver::Locked RawDriver::lookAndLock(const FoundPort& port) {
     locked.state.holder = printerDriver;
     locked.state.holderIsDriver = true;
   } else {
-    locked.state.holder = holderOf(folder_, port);
-    locked.state.holderIsDriver = isDriver(locked.state.holder);
+    findHolder(folder_, port, locked.state);
   }
   return locked;
 }
