@@ -17,9 +17,6 @@
 
 namespace monitra::ports {
 
-/// The addresses that an entry of LPT can name, in their order there.
-inline constexpr std::array<std::int32_t, 3> entryAddresses{0x378, 0x278, 0x3BC};
-
 /// Which of the ports found serves an entry: the one at its address, or else one that is at no
 /// entry's address; those go in the order of their numbers to the waiting entries that have no port
 /// of their own, so that it doesn't matter which of them is asked for first.

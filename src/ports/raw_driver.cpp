@@ -80,7 +80,7 @@ std::vector<FoundPort> RawDriver::find() {
   std::vector<FoundPort> found = folder_.ports();
   std::erase_if(found, [](const FoundPort& port) { return !Access(port.address).answers(); });
   int number = found.empty() ? 0 : found.back().number + 1;
-  for (const std::int32_t address : {0x378, 0x278, 0x3BC}) {
+  for (const std::int32_t address : entryAddresses) {
     const bool known = std::ranges::count(found, address, &FoundPort::address) > 0;
     if (!known && Access(address).answers()) found.push_back({number++, address});
   }
@@ -88,7 +88,7 @@ std::vector<FoundPort> RawDriver::find() {
 }
 
 PortState RawDriver::none() const {
-  return {.kind = Access(0x378).given() ? Kind::NoPort : Kind::NoRegisters};
+  return {.kind = Access(entryAddresses.front()).given() ? Kind::NoPort : Kind::NoRegisters};
 }
 
 PortState RawDriver::look(const FoundPort& port) {

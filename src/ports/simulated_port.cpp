@@ -14,7 +14,7 @@ constexpr std::chrono::milliseconds patience{200};
 }  // namespace
 
 SimulatedPort::SimulatedPort(Clock clock) : clock_(std::move(clock)) {
-  for (const std::int32_t address : {0x378, 0x278, 0x3BC}) {
+  for (const std::int32_t address : entryAddresses) {
     auto& controllers = ports_[address].controllers;
     controllers = {VirtualController(controller::wiringV32),
                    VirtualController(controller::wiringV4x)};
