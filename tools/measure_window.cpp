@@ -13,7 +13,7 @@
 #include "apps/signals_button.h"
 #include "desktop/main_window.h"
 #include "host/pacer.h"
-#include "ports/recorder.h"
+#include "ports/access_recorder.h"
 #include "ports/simulated_port.h"
 #include "support/program.h"
 
@@ -47,7 +47,7 @@ struct Measured {
   support::Program fakes;
   ports::SimulatedPort simulated;
   host::Pacer clock;
-  ports::Recorder recorder{simulated, clock};
+  ports::AccessRecorder recorder{simulated, clock};
   const shell::Outside& outside = fakes.outside;
   shell::Lap lap{{recorder, simulated, recorder, outside.box, outside.remedies, outside.Fileablak,
                   outside.files, outside.codePage, outside.settings, outside.archive,

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "ports/recorder.h"
+#include "ports/access_recorder.h"
 
 namespace monitra::ports {
 

@@ -4,10 +4,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "ports/access_recorder.h"
 #include "ports/kernel_driver.h"
 #include "ports/locked_file.h"
 #include "ports/raw_driver.h"
-#include "ports/recorder.h"
 #include "ports/simulated_port.h"
 #include "ports/steps.h"
 #include "ports/vcd.h"

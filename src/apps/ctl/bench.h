@@ -10,8 +10,8 @@
 #include "apps/ctl/terminal.h"
 #include "host/held_signals.h"
 #include "host/pacer.h"
+#include "ports/access_recorder.h"
 #include "ports/real_ports.h"
-#include "ports/recorder.h"
 #include "ports/register_memory.h"
 #include "ports/simulated_port.h"
 
@@ -82,7 +82,7 @@ class Bench {
   std::unique_ptr<ports::SimulatedPort> simulated_;
   std::unique_ptr<ports::RealPorts> real_;
   host::Pacer pacer_;
-  ports::Recorder recorder_;
+  ports::AccessRecorder recorder_;
   Connection connection_;
   Terminal terminal_;
   bool refused_ = false;

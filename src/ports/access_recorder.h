@@ -19,10 +19,10 @@ struct PortEvent {
 };
 
 /// Passes everything on to real registers and waits, and keeps a record of it in order.
-class Recorder : public platform::PortRegisters, public platform::Sleeper {
+class AccessRecorder : public platform::PortRegisters, public platform::Sleeper {
  public:
   /// Both must outlive it.
-  Recorder(platform::PortRegisters& registers, platform::Sleeper& sleeper)
+  AccessRecorder(platform::PortRegisters& registers, platform::Sleeper& sleeper)
       : registers_(registers), sleeper_(sleeper) {
     constexpr std::size_t ofAnUpload = 4096;
     events_.reserve(ofAnUpload);
