@@ -39,7 +39,7 @@ std::string jogRefusedText();
 
 /// An upload has gone out, and was kept among the former ones or not, or only in part because its
 /// port went away, or not at all without one.
-std::string sentText(const link::LineTiming& timing, bool kept = true);
+std::string sentText(const link::LineTiming& timing, bool kept);
 std::string cutShortText();
 std::string nothingSentText();
 

@@ -39,7 +39,6 @@ class History {
   Index first() const { return first_; }  ///< the oldest one that is kept
   Index end() const { return end_; }      ///< behind the newest
   Time startTime() const { return empty() ? Time{} : time(first_); }
-  Time endTime() const { return empty() ? Time{} : time(end_ - 1); }
 
   /// The following take indices of changes that are kept.
   Time time(Index index) const { return blockOf(index).times[offset(index)]; }
