@@ -9,7 +9,6 @@
 #include <cstdio>
 #include <vector>
 
-#include "link/command_frames.h"
 #include "link/upload.h"
 #include "signals/signal_view.h"
 #include "timing/setup.h"

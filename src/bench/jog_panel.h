@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "controls/controls.h"
 #include "controls/indexed_array.h"
 

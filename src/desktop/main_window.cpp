@@ -13,7 +13,6 @@
 #include <QVBoxLayout>
 #include <chrono>
 #include <span>
-#include <variant>
 
 #include "desktop/footer.h"
 #include "desktop/info_tab.h"

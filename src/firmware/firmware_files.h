@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <string>
 
 #include "controls/controls.h"
 #include "firmware/parameter_block.h"

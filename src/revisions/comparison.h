@@ -1,11 +1,9 @@
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "controls/observation.h"
 #include "revisions/read_beside.h"
 #include "revisions/setup_marks.h"
 

@@ -3,6 +3,7 @@
 #include "firmware/firmware_files.h"
 #include "store/file_kind.h"
 #include "store/setup_files.h"
+#include "timing/editions.h"
 #include "timing/tuning_fields.h"
 
 namespace monitra::revisions {

@@ -5,7 +5,6 @@
 #include "platform/failure.h"
 #include "platform/files.h"
 #include "revisions/fields.h"
-#include "timing/editions.h"
 
 namespace monitra::revisions {
 

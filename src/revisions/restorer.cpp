@@ -1,5 +1,6 @@
 #include "revisions/restorer.h"
 
+#include <optional>
 #include <utility>
 
 namespace monitra::revisions {

@@ -2,7 +2,6 @@
 
 #include <QAbstractTableModel>
 #include <QColor>
-#include <cstddef>
 
 #include "wire/trace.h"
 

@@ -3,8 +3,6 @@
 #include <QPainter>
 #include <QRect>
 #include <QString>
-#include <array>
-#include <optional>
 #include <vector>
 
 #include "signals/time_scale.h"

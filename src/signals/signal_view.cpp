@@ -9,6 +9,7 @@
 
 #include "widgets/looks.h"
 #include "widgets/text.h"
+#include "wire/figures.h"
 #include "wire/message_text.h"
 
 namespace monitra::signals {

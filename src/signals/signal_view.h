@@ -10,7 +10,6 @@
 
 #include "signals/signal_painter.h"
 #include "signals/time_scale.h"
-#include "wire/figures.h"
 #include "wire/trace.h"
 
 class QScrollBar;

@@ -16,7 +16,6 @@
 #include "widgets/companion.h"
 #include "widgets/looks.h"
 #include "widgets/text.h"
-#include "wire/message_text.h"
 
 namespace monitra::signals {
 

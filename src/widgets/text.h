@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <string>
 #include <string_view>
 
 namespace monitra::widgets {

@@ -5,7 +5,6 @@
 #include <cstdio>
 
 #include "controller/virtual_controller.h"
-#include "link/command_frames.h"
 
 namespace monitra::wire {
 

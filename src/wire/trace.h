@@ -2,7 +2,6 @@
 
 #include <array>
 #include <string>
-#include <vector>
 
 #include "controller/virtual_controller.h"
 #include "link/pin_map.h"

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sstream>
 
 #include "bench/bit_output.h"
 #include "bench/phase_test.h"

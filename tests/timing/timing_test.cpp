@@ -1,4 +1,3 @@
-#include <array>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>

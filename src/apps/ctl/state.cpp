@@ -1,6 +1,5 @@
 #include "apps/ctl/state.h"
 
-#include <array>
 #include <iomanip>
 #include <iostream>
 #include <nlohmann/json.hpp>
