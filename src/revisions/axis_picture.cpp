@@ -10,7 +10,7 @@ namespace monitra::revisions {
 
 namespace {
 
-constexpr FieldIndex verFo = store::verFoRecord - 1;
+constexpr FieldIndex verFo = fieldOf(store::verFoRecord);
 
 /// The number that the derived values are computed from.
 std::optional<double> numberOf(const Fields& fields, FieldIndex field) {

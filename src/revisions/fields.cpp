@@ -9,10 +9,10 @@ namespace monitra::revisions {
 
 namespace {
 
-constexpr FieldIndex funkcio = store::funkcioRecord - 1;
-constexpr FieldIndex ut = store::utRecord - 1;
-constexpr FieldIndex tures = store::turesRecord - 1;
-constexpr FieldIndex firstWholeStep = store::xEgeszRecord - 1;
+constexpr FieldIndex funkcio = fieldOf(store::funkcioRecord);
+constexpr FieldIndex ut = fieldOf(store::utRecord);
+constexpr FieldIndex tures = fieldOf(store::turesRecord);
+constexpr FieldIndex firstWholeStep = fieldOf(store::xEgeszRecord);
 constexpr int axes = 3;
 
 struct Words {
@@ -88,7 +88,7 @@ std::vector<FieldIndex> allFields() {
 Fields fieldsOf(const timing::SetupPanel& panel, const timing::Kozos& kozos) {
   Fields fields = fieldsOf(panel.spinValues());
   for (FieldIndex field = 0; field < fieldCount; ++field) {
-    fields.texts[field] = store::pwmRecord(static_cast<int>(field) + 1, panel, kozos);
+    fields.texts[field] = store::pwmRecord(recordOf(field), panel, kozos);
   }
   return fields;
 }

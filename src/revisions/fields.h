@@ -18,6 +18,14 @@ namespace monitra::revisions {
 using FieldIndex = std::size_t;
 inline constexpr FieldIndex fieldCount = store::pwmRecords;
 
+/// The field of a record, which a Setup file counts from 1, and the other way round.
+constexpr FieldIndex fieldOf(int record) {
+  return static_cast<FieldIndex>(record - 1);
+}
+constexpr int recordOf(FieldIndex field) {
+  return static_cast<int>(field) + 1;
+}
+
 /// So a field is called in the program, and how the user reads it.
 std::string_view fieldName(FieldIndex field);
 std::string_view fieldLabel(FieldIndex field);

@@ -45,10 +45,11 @@ ReadFile readImage(SideDesk& desk) {
   read.failure = files.FirmwareNyit().failure;
   if (read.failure != platform::Failure::None) return read;
   const Fields all = fieldsOf(desk.panel, desk.kozos);
-  for (FieldIndex field = 0; field < store::verzRecord - 1; ++field) {
+  for (FieldIndex field = 0; field < fieldOf(store::verzRecord); ++field) {
     read.fields.numbers[field] = all.numbers[field];
   }
-  for (FieldIndex field = store::verFoRecord - 1; field < store::verRevRecord; ++field) {
+  for (FieldIndex field = fieldOf(store::verFoRecord); field <= fieldOf(store::verRevRecord);
+       ++field) {
     read.fields.texts[field] = all.texts[field];
   }
   return read;

@@ -7,11 +7,7 @@ namespace monitra::revisions {
 
 namespace {
 
-constexpr FieldIndex verFo = store::verFoRecord - 1;
-
-int recordOf(FieldIndex field) {
-  return static_cast<int>(field) + 1;
-}
+constexpr FieldIndex verFo = fieldOf(store::verFoRecord);
 
 /// Puts the texts of records into their fields, under an edition if one comes with them.
 template <class Texts>
