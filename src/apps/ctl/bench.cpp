@@ -140,10 +140,7 @@ bool Bench::connect() {
 }
 
 void Bench::tellUnusable() {
-  const platform::Remedy remedy = shell::portRemedy(state(), lap().port.LPT.text());
-  std::cerr << remedy.text << '\n';
-  if (!remedy.advice.empty()) std::cerr << remedy.advice << '\n';
-  if (!remedy.command.empty()) std::cerr << "  " << remedy.command << '\n';
+  printRemedy(std::cerr, shell::portRemedy(state(), lap().port.LPT.text()));
 }
 
 }  // namespace monitra::ctl

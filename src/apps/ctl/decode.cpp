@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "apps/ctl/commands.h"
-#include "apps/ctl/session.h"
+#include "apps/ctl/terminal.h"
 #include "host/host_files.h"
 #include "store/failure_texts.h"
 #include "wire/comparison.h"

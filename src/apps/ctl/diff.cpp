@@ -5,6 +5,7 @@
 
 #include "apps/ctl/commands.h"
 #include "apps/ctl/session.h"
+#include "apps/ctl/terminal.h"
 #include "revisions/read_beside.h"
 #include "store/failure_texts.h"
 

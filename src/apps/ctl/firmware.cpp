@@ -6,6 +6,7 @@
 #include "apps/ctl/commands.h"
 #include "apps/ctl/session.h"
 #include "apps/ctl/state.h"
+#include "apps/ctl/terminal.h"
 #include "firmware/image_check.h"
 #include "host/host_files.h"
 #include "shell/event_texts.h"

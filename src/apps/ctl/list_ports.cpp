@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "apps/ctl/commands.h"
+#include "apps/ctl/terminal.h"
 #include "link/port_panel.h"
 #include "link/port_selection.h"
 #include "ports/kernel_driver.h"
@@ -66,10 +67,7 @@ void print(const std::vector<ListedPort>& list, const Remedy& none) {
               << (port.state.shared ? ", közben ne nyomtasson" : "") << '\n';
     if (!remedy.command.empty()) std::cout << "  " << remedy.command << '\n';
   }
-  if (!list.empty()) return;
-  std::cout << none.text << '\n';
-  if (!none.advice.empty()) std::cout << none.advice << '\n';
-  if (!none.command.empty()) std::cout << "  " << none.command << '\n';
+  if (list.empty()) printRemedy(std::cout, none);
 }
 
 /// Reason and command, or null where there is none.

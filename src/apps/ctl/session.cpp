@@ -1,6 +1,5 @@
 #include "apps/ctl/session.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -91,21 +90,6 @@ shell::OpenedFirmware Session::openFirmware(const std::string& path) {
 Failure Session::saveFirmware(const std::string& path) {
   const platform::GivenName name(dialog_, fullPath(path));
   return lap.saveFirmware();
-}
-
-std::string printable(std::string text) {
-  constexpr char del = 0x7F;
-  const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == del; };
-  std::ranges::replace_if(text, isControl, '?');
-  return text;
-}
-
-std::string boxLines(const std::string& text) {
-  std::string lines;
-  for (const char c : text) {
-    if (c != '\r') lines += c;
-  }
-  return lines;
 }
 
 }  // namespace monitra::ctl

@@ -121,10 +121,4 @@ class PortlessSession {
 /// The path from the root of the file system on.
 std::string fullPath(const std::string& path);
 
-/// A text for the terminal: "?" in the place of each control character.
-std::string printable(std::string text);
-
-/// A box's text with line feeds only.
-std::string boxLines(const std::string& text);
-
 }  // namespace monitra::ctl

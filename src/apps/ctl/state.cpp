@@ -4,7 +4,7 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 
-#include "apps/ctl/session.h"
+#include "apps/ctl/terminal.h"
 #include "timing/numbers.h"
 
 namespace monitra::ctl {

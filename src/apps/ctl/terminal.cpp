@@ -5,8 +5,6 @@
 #include <iostream>
 #include <string_view>
 
-#include "apps/ctl/session.h"
-
 namespace monitra::ctl {
 
 using platform::BoxAnswer;
@@ -31,6 +29,27 @@ BoxAnswer Terminal::ask(const std::string& text) {
   }
   constexpr std::array<std::string_view, 6> agreements{"i", "I", "igen", "Igen", "IGEN", "y"};
   return yes_ || std::ranges::count(agreements, answer) > 0 ? BoxAnswer::Yes : BoxAnswer::No;
+}
+
+void printRemedy(std::ostream& out, const platform::Remedy& remedy) {
+  out << remedy.text << '\n';
+  if (!remedy.advice.empty()) out << remedy.advice << '\n';
+  if (!remedy.command.empty()) out << "  " << remedy.command << '\n';
+}
+
+std::string printable(std::string text) {
+  constexpr char del = 0x7F;
+  const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == del; };
+  std::ranges::replace_if(text, isControl, '?');
+  return text;
+}
+
+std::string boxLines(const std::string& text) {
+  std::string lines;
+  for (const char c : text) {
+    if (c != '\r') lines += c;
+  }
+  return lines;
 }
 
 }  // namespace monitra::ctl

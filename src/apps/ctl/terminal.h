@@ -1,8 +1,10 @@
 #pragma once
 
+#include <iosfwd>
 #include <string>
 
 #include "platform/message_box.h"
+#include "platform/remedy_box.h"
 
 namespace monitra::ctl {
 
@@ -24,5 +26,14 @@ class Terminal {
   bool yes_;
   bool unanswered_ = false;
 };
+
+/// Prints what stands in the way, what to mind and the command.
+void printRemedy(std::ostream& out, const platform::Remedy& remedy);
+
+/// A text for the terminal: "?" in the place of each control character.
+std::string printable(std::string text);
+
+/// A box's text with line feeds only.
+std::string boxLines(const std::string& text);
 
 }  // namespace monitra::ctl
