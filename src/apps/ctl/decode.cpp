@@ -4,12 +4,12 @@
 #include <deque>
 #include <iostream>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "apps/ctl/commands.h"
+#include "apps/ctl/json.h"
 #include "apps/ctl/terminal.h"
 #include "host/host_files.h"
 #include "store/failure_texts.h"
@@ -21,7 +21,6 @@ namespace monitra::ctl {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
 using wire::Message;
 using Messages = std::deque<Message>;
 
@@ -115,10 +114,6 @@ const char* kindWord(Message::Kind kind) {
   return kind == Message::Kind::Frame ? "frame" : "unknown";
 }
 
-void print(const Json& json) {
-  std::cout << json.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
-}
-
 void printJson(const Messages& messages) {
   const std::vector<std::string> texts = meanings(messages);
   Json all;
@@ -132,7 +127,7 @@ void printJson(const Messages& messages) {
                                {"text", texts[i]}});
   }
   all["short"] = shortPhases(messages);
-  print(all);
+  writeJson(all);
 }
 
 /// When a message of a pair begins, or null where it is missing.
@@ -158,7 +153,7 @@ bool printDifferences(const Messages& first, const Messages& second, bool asJson
               << text << '\n';
   }
   if (asJson) {
-    print(Json{{"differences", list}});
+    writeJson(Json{{"differences", list}});
   } else {
     std::cout << first.size() << " és " << second.size() << " üzenet, " << list.size()
               << " eltérés.\n";

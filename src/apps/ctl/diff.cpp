@@ -1,9 +1,9 @@
 #include <iostream>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 
 #include "apps/ctl/commands.h"
+#include "apps/ctl/json.h"
 #include "apps/ctl/session.h"
 #include "apps/ctl/terminal.h"
 #include "revisions/read_beside.h"
@@ -12,8 +12,6 @@
 namespace monitra::ctl {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 /// None, and told on standard error, if not all of it can be read.
 std::optional<revisions::Fields> read(const std::string& file) {
@@ -44,8 +42,7 @@ ExitCode diff(const DiffOptions& options) {
                     {"b", valueText(*b, field)}});
   }
   if (options.json) {
-    const Json all{{"equal", list.empty()}, {"fields", list}};
-    std::cout << all.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+    writeJson(Json{{"equal", list.empty()}, {"fields", list}});
   } else {
     for (const Json& entry : list) {
       std::cout << entry["name"].get<std::string>() << ": "

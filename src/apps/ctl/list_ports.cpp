@@ -1,10 +1,10 @@
 #include <iomanip>
 #include <iostream>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
 #include "apps/ctl/commands.h"
+#include "apps/ctl/json.h"
 #include "apps/ctl/terminal.h"
 #include "link/port_panel.h"
 #include "link/port_selection.h"
@@ -17,7 +17,6 @@ namespace monitra::ctl {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
 using platform::PortState;
 using platform::Remedy;
 
@@ -91,7 +90,7 @@ void printJson(const std::vector<ListedPort>& list, const Remedy& none) {
     all["ports"].push_back(object);
   }
   addRemedy(all, list.empty() ? none : Remedy{}, !list.empty());
-  std::cout << all.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+  writeJson(all);
 }
 
 }  // namespace

@@ -2,16 +2,14 @@
 
 #include <iomanip>
 #include <iostream>
-#include <nlohmann/json.hpp>
 
+#include "apps/ctl/json.h"
 #include "apps/ctl/terminal.h"
 #include "timing/numbers.h"
 
 namespace monitra::ctl {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 Json faces(int value, const std::string& text) {
   return {{"value", value}, {"text", text}};
@@ -114,7 +112,7 @@ void printState(const Session& session, bool json, const std::vector<ExtraEntry>
     return;
   }
   for (const ShownBox& box : session.boxes.shown) std::cerr << boxLines(box.text) << '\n';
-  std::cout << state.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+  writeJson(state);
 }
 
 }  // namespace monitra::ctl
