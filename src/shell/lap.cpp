@@ -191,8 +191,7 @@ void Lap::Nev_Click() {
 }
 
 void Lap::SSTab1_Click() {
-  constexpr int pcLink = 2;
-  if (SSTab1.Tab == pcLink) line_.SorosAlap();
+  if (SSTab1.Tab == tabOfPcLink) line_.SorosAlap();
 }
 
 void Lap::PortTeendo_Click() {

@@ -120,6 +120,7 @@ class Lap {
   bench::LoadPanel load;
 
   controls::TabStrip SSTab1{4};
+  static constexpr int tabOfPcLink = 2;
   controls::MenuEntry MFSetNyit;
   controls::MenuEntry MFSetMent;
   controls::MenuEntry MFkilepes;

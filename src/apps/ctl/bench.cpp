@@ -131,10 +131,9 @@ BoxAnswer Bench::answer(const std::string& text, int style) {
 
 /// Opens the port and puts the serial line to idle, as the tab "PC-Link" does.
 bool Bench::connect() {
-  constexpr int pcLink = 2;
   heldSignals_.emplace();
   connection_.connect();
-  lap().SSTab1.Tab = pcLink;
+  lap().SSTab1.Tab = shell::Lap::tabOfPcLink;
   firstSent_ = events().size();
   return state().inUse();
 }
