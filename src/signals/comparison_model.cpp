@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "signals/message_model.h"
+#include "signals/time_scale.h"
 #include "widgets/text.h"
 #include "wire/message_text.h"
 
@@ -15,9 +16,8 @@ namespace {
 
 QString cell(const wire::Message* message, const wire::Trace& trace) {
   if (message == nullptr) return QStringLiteral("–");
-  const double start = static_cast<double>((message->start - trace.start()).count()) * 1e-9;
   return QStringLiteral("%1 s  %2: %3")
-      .arg(start, 0, 'f', 6)
+      .arg(seconds(message->start - trace.start()), 0, 'f', 6)
       .arg(toQt(wire::kindText(message->kind)), toQt(wire::meaning(*message)));
 }
 

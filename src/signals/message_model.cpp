@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "signals/time_scale.h"
 #include "widgets/looks.h"
 #include "widgets/text.h"
 #include "wire/message_text.h"
@@ -81,8 +82,7 @@ QString MessageModel::cell(int row, Column column) const {
   const Message& shown = message(row);
   switch (column) {
     case Start:
-      return QString::number(static_cast<double>((shown.start - trace_->start()).count()) * 1e-9,
-                             'f', 6);
+      return QString::number(seconds(shown.start - trace_->start()), 'f', 6);
     case Kind:
       return toQt(wire::kindText(shown.kind));
     case Meaning: {

@@ -44,11 +44,9 @@ Time rulerStep(const TimeScale& scale, int leastWidth) {
 }
 
 QString rulerText(Time time, Time step) {
-  const double stepSeconds = static_cast<double>(step.count()) * 1e-9;
   const int digits =
-      std::clamp(static_cast<int>(-std::floor(std::log10(stepSeconds) + 1e-9)), 0, 9);
-  return QString::number(static_cast<double>(time.count()) * 1e-9, 'f', digits) +
-         QStringLiteral(" s");
+      std::clamp(static_cast<int>(-std::floor(std::log10(seconds(step)) + 1e-9)), 0, 9);
+  return QString::number(seconds(time), 'f', digits) + QStringLiteral(" s");
 }
 
 SignalPainter::SignalPainter(QPainter& painter, const wire::Trace& trace, const TimeScale& scale,

@@ -220,8 +220,8 @@ QString SignalView::pointedText() const {
   if (trace_ == nullptr || rows_.empty() || trace_->history().empty()) return {};
   const Time time = pointer_ ? timeAt(*pointer_) : middle();
   const Row& row = rows_[figuresRow()];
-  const double seconds = static_cast<double>((time - trace_->start()).count()) * 1e-9;
-  QString text = QStringLiteral("%1 s-nál %2: ").arg(seconds, 0, 'f', 6).arg(row.name);
+  QString text =
+      QStringLiteral("%1 s-nál %2: ").arg(seconds(time - trace_->start()), 0, 'f', 6).arg(row.name);
   const std::optional<wire::Width> width = wire::widthAt(trace_->history(), row.wire, time);
   if (!width) return text + QStringLiteral("nincs él mindkét oldalon");
   text += toQt(wire::timeText(width->width())) +

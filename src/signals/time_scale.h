@@ -7,6 +7,10 @@
 
 namespace monitra::signals {
 
+inline double seconds(wire::Time time) {
+  return static_cast<double>(time.count()) * 1e-9;
+}
+
 /// Which part of a recording is shown, and where in the picture a moment stands.
 class TimeScale {
  public:
