@@ -17,10 +17,6 @@ constexpr int axes = 3;
 constexpr int lines = 4;
 constexpr int air = 6;
 
-const QColor lit(bool dark) {
-  return dark ? QColor(0xFF, 0xB7, 0x4D) : QColor(0xE0, 0x70, 0x00);
-}
-
 QString directionText(int direction) {
   if (direction == 0) return QStringLiteral(" ");
   return direction > 0 ? QStringLiteral("→") : QStringLiteral("←");
@@ -97,7 +93,8 @@ void MachineView::paintAxis(QPainter& painter, std::size_t axis, const QRect& ro
   painter.setRenderHint(QPainter::Antialiasing);
   for (int line = 0; line < lines; ++line, x += column) {
     const bool on = (of.lines >> line & 1U) != 0;
-    painter.setBrush(on ? QBrush(lit(dark)) : QBrush(Qt::NoBrush));
+    painter.setBrush(on ? QBrush(dark ? widgets::litOnDark : widgets::litOnLight)
+                        : QBrush(Qt::NoBrush));
     painter.drawEllipse(QRectF(x, row.center().y() - size / 2.0, size, size));
     painter.drawText(QRect(x + size + air / 2, row.top(), column, row.height()),
                      Qt::AlignVCenter | Qt::AlignLeft, connectorName(axis, line));

@@ -13,7 +13,7 @@ using widgets::toQt;
 using wire::Message;
 
 QColor faultColour() {
-  return widgets::fitting(QColor(0xB0, 0x00, 0x20), QColor(0xFF, 0x8A, 0x80));
+  return widgets::fitting(widgets::faultOnLight, widgets::faultOnDark);
 }
 
 void MessageModel::setTrace(const wire::Trace* trace) {

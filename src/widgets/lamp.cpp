@@ -37,7 +37,7 @@ void Lamp::paintEvent(QPaintEvent* event) {
   const QRectF light(1, (height() - size) / 2, size - 1, size - 1);
   const QColor rim = palette().color(QPalette::WindowText);
   painter.setPen(QPen(rim, 1));
-  if (on_) painter.setBrush(fitting(QColor(0xE0, 0x70, 0x00), QColor(0xFF, 0xB7, 0x4D)));
+  if (on_) painter.setBrush(fitting(litOnLight, litOnDark));
   painter.drawEllipse(light);
 }
 

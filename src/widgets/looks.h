@@ -45,12 +45,16 @@ void followTheme(QWidget* widget, std::function<void(QPalette& colours)> adjust)
 /// The first colour in a light theme, the second in a dark one.
 QColor fitting(QColor onLight, QColor onDark);
 
-/// What is to be looked after, on either.
-inline constexpr QColor warningOnLight{0x8A, 0x4B, 0x00};
-inline constexpr QColor warningOnDark{0xFF, 0xB7, 0x4D};
-
 /// The same for the text of a label.
 void setTextColour(QLabel* label, QColor onLight, QColor onDark);
+
+/// What is to be looked after, what is wrong and a light that is on, in either theme.
+inline constexpr QColor warningOnLight{0x8A, 0x4B, 0x00};
+inline constexpr QColor warningOnDark{0xFF, 0xB7, 0x4D};
+inline constexpr QColor faultOnLight{0xB0, 0x00, 0x20};
+inline constexpr QColor faultOnDark{0xFF, 0x8A, 0x80};
+inline constexpr QColor litOnLight{0xE0, 0x70, 0x00};
+inline constexpr QColor litOnDark{0xFF, 0xB7, 0x4D};
 
 /// Draws the mark of the keyboard's focus.
 void drawFocus(QStylePainter& painter, const QWidget& widget, const QRect& where);

@@ -55,7 +55,7 @@ QColor StatusLine::ink() const {
     case Status::Warning:
       return fitting(warningOnLight, warningOnDark);
     case Status::Fault:
-      return fitting(QColor(0xB0, 0x00, 0x20), QColor(0xFF, 0x8A, 0x80));
+      return fitting(faultOnLight, faultOnDark);
     default:
       return palette().color(foregroundRole());
   }
