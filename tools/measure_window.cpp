@@ -19,18 +19,17 @@
 
 /// Measures the whole window on the simulated port:
 ///   measure_window ticks STEPS_PER_SECOND SECONDS  how evenly the pulse generator steps with a jog
-///     button held: the nominal rate and the mean one, and of the intervals in milliseconds the 1
-///     %, 50 % and 99 % quantiles and the longest
+///     button held: the nominal rate and the mean one, and of the intervals in milliseconds the
+///     quantiles of 1, 50 and 99 % and the longest
 ///   measure_window openings COUNT  opens and closes the window of the signals so many times while
 ///     the generator runs at 1000 steps a second: the ticks meanwhile, the longest interval between
 ///     two and the median time of an opening with its first frame, in milliseconds
-///   measure_window comparison PRESSES  the median and the 99 % quantile of the time in
-///   milliseconds
-///     from such a press until all nine captions, and in the window "Összevetés" table and curve,
-///     have been painted
-///   measure_window captions PRESSES  the median time in microseconds from a press on an arrow of
-///     FolLe until all nine captions have their text: with the window, with the window until it has
-///     painted them too, and without it
+///   measure_window comparison PRESSES  the median time in milliseconds and its 99 % quantile from
+///     a press on an arrow of FolLe until all nine captions, and in the window "Összevetés" table
+///     and curve, have been painted
+///   measure_window captions PRESSES  the median time in microseconds from such a press until all
+///     nine captions have their text: with the window, with the window until it has painted them
+///     too, and without it
 namespace {
 
 using namespace monitra;

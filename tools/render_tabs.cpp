@@ -13,9 +13,9 @@
 #include "support/program.h"
 #include "widgets/window_style.h"
 
-/// Renders each tab of the started window, and the windows beside it, into a PNG: render_tabs
-/// FOLDER SUFFIX SETUP [--dark] The scale is the toolkit's (QT_SCALE_FACTOR), the platform best
-/// offscreen with a large screen.
+/// Renders each tab of the started window, and the windows beside it, into a PNG:
+///   render_tabs FOLDER SUFFIX SETUP [--dark]
+/// The scale is the toolkit's (QT_SCALE_FACTOR), the platform best offscreen with a large screen.
 namespace {
 
 using namespace monitra;

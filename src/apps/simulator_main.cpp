@@ -15,9 +15,9 @@ namespace {
 
 using namespace monitra;
 
-/// Tells what the virtual controllers do: the port's status at once or a few times a second while
-/// something moves,
-/// standard output in a line for each message and for each movement that has come to rest.
+/// Tells what the virtual controllers do: the port's status at once, or a few times a second while
+/// something moves; standard output in a line for each message and for each movement that has come
+/// to rest.
 class Report {
  public:
   Report(shell::Lap& lap, ports::SimulatedPort& port) : lap_(lap) {
