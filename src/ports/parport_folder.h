@@ -51,8 +51,8 @@ class ParportFolder {
 /// The name of the printer's driver.
 inline constexpr std::string_view printerDriver = "lp";
 
-/// Puts into the state of a port who keeps it from us: a driver that is registered on it, other than
-/// the printer's and that for programs, or else a program; nobody if none can be seen.
+/// Puts into a port's state who keeps it from us: a driver that is registered on it, other than the
+/// printer's and that for programs, or else a program; nobody if none can be seen.
 void findHolder(const ParportFolder& folder, const FoundPort& port, platform::PortState& state);
 
 /// The program that holds a file locked, or where none does one that has it open: its name and

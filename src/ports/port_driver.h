@@ -10,8 +10,8 @@
 
 namespace monitra::ports {
 
-/// The three usual addresses of a printer port's data register, which are those that an entry of LPT
-/// can name, in their order there.
+/// The usual addresses of a printer port's data register, which are those that an entry of LPT can
+/// name, in their order there.
 inline constexpr std::array<std::int32_t, 3> entryAddresses{0x378, 0x278, 0x3BC};
 
 enum class Register { Data, Control };
