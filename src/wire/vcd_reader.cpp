@@ -123,12 +123,11 @@ std::optional<link::Pcb> boardOf(const std::vector<std::string>& names) {
 struct Plan {
   Layout layout;
   WireCodes codes;
-  std::string fault;
-  bool needsNames = false;
+  std::string fault;  ///< what other names of the two wires would mend; empty if nothing is wrong
 };
 
 Plan planOwn(const VcdDeclarations& declarations, link::Pcb pcb) {
-  Plan plan{boardLayout(pcb), {}, {}, false};
+  Plan plan{boardLayout(pcb), {}, {}};
   bool found = false;
   for (const VcdDeclarations::Wire& wire : declarations.wires()) {
     const std::optional<int> pin = pinOf(wire.name);
@@ -136,10 +135,8 @@ Plan planOwn(const VcdDeclarations& declarations, link::Pcb pcb) {
     plan.codes.add(wire.code, wireMask(*pin));
     found = true;
   }
-  if (!found) {
+  if (!found)
     plan.fault = "nincs benne D0–D7 nevű vezeték; adja meg az adat- és az órajelvezetéket";
-    plan.needsNames = true;
-  }
   return plan;
 }
 
@@ -161,16 +158,12 @@ Plan planNamed(const VcdDeclarations& declarations, const WireNames& names) {
   const std::vector<std::string> all = declarations.names();
   for (const std::string& name : {names.data, names.clock}) {
     if (std::ranges::find(all, name) != all.end()) continue;
-    plan.needsNames = true;
     plan.fault = (name.empty() ? "meg kell adni az adat- és az órajelvezetéket is; "
                                : "nincs benne " + name + " nevű vezeték; ") +
                  "van: " + listed(all);
     return plan;
   }
-  if (names.data == names.clock) {
-    plan.fault = "az adat- és az órajelvezeték nem lehet ugyanaz";
-    plan.needsNames = true;
-  }
+  if (names.data == names.clock) plan.fault = "az adat- és az órajelvezeték nem lehet ugyanaz";
   return plan;
 }
 
@@ -180,7 +173,6 @@ Plan planOf(const VcdDeclarations& declarations, const WireNames& names) {
   const std::optional<link::Pcb> pcb = names.pcb ? names.pcb : boardOf(all);
   if (pcb) return planOwn(declarations, *pcb);
   Plan plan;
-  plan.needsNames = true;
   plan.fault = "meg kell adni az adat- és az órajelvezetéket; van: " + listed(all);
   return plan;
 }
@@ -200,7 +192,7 @@ ReadTrace readVcd(std::string_view dump, const WireNames& names) {
   Plan plan = planOf(declarations, names);
   if (!plan.fault.empty()) {
     result.fault = plan.fault + ".";
-    result.needsNames = plan.needsNames;
+    result.needsNames = true;
     return result;
   }
   result.trace = std::make_unique<Trace>(std::move(plan.layout), History::unbounded);
