@@ -89,6 +89,10 @@ void addFile(CLI::App* command, const std::string& name, std::string& file,
   command->add_option(name, file, description)->required()->option_text("(kötelező)");
 }
 
+void addJson(CLI::App* command, bool& json) {
+  command->add_flag("--json", json, "Kiírás egyetlen JSON objektumként");
+}
+
 void addShow(CLI::App& app, ShowOptions& options) {
   CLI::App* const command = addCommand(app, "show", "Megnyit egy Setup fájlt, és kiírja.");
   addFile(command, "FILE.pwm", options.file, "A Setup fájl");
@@ -102,7 +106,7 @@ void addShow(CLI::App& app, ShowOptions& options) {
         const bool fits = isNumber(text) && Ertek(text) > 0 && Ertek(text) <= most;
         return fits ? std::string() : "0 és 3 közti szám kell, például 0.0125 (nem: " + text + ")";
       });
-  command->add_flag("--json", options.json, "Kiírás egyetlen JSON objektumként");
+  addJson(command, options.json);
 }
 
 void addDiff(CLI::App& app, DiffOptions& options) {
@@ -111,7 +115,7 @@ void addDiff(CLI::App& app, DiffOptions& options) {
                                        "egyforma, 1 eltér, 3 olvashatatlan.");
   addFile(command, "A", options.first, "Setup vagy firmware");
   addFile(command, "B", options.second, "Setup vagy firmware");
-  command->add_flag("--json", options.json, "Kiírás egyetlen JSON objektumként");
+  addJson(command, options.json);
 }
 
 void addPort(CLI::App* command, PortOptions& options) {
@@ -163,8 +167,7 @@ void addFrame(CLI::App& app, FrameOptions& options) {
 }
 
 void addPorts(CLI::App& app, bool& json) {
-  addCommand(app, "ports", "A gép nyomtatóportjai, és hogy használhatók-e.")
-      ->add_flag("--json", json, "Kiírás egyetlen JSON objektumként");
+  addJson(addCommand(app, "ports", "A gép nyomtatóportjai, és hogy használhatók-e."), json);
 }
 
 void addDecode(CLI::App& app, DecodeOptions& options) {
@@ -183,7 +186,7 @@ void addDecode(CLI::App& app, DecodeOptions& options) {
       ->add_option("--compare", options.other,
                    "Másik felvétel: az eltéréseket írja ki; a kód 1, ha van, 0, ha nincs")
       ->option_text("B.vcd");
-  command->add_flag("--json", options.json, "Kiírás egyetlen JSON objektumként");
+  addJson(command, options.json);
 }
 
 struct FirmwareOptions {
@@ -199,7 +202,7 @@ void addFirmware(CLI::App& app, FirmwareOptions& options) {
   CLI::App* const show =
       addCommand(*commands, "show", "Beolvassa a paraméterblokkot, és kiírja a Setupot.");
   addFile(show, "FW.hex", options.show.file, "A firmware");
-  show->add_flag("--json", options.show.json, "Kiírás egyetlen JSON objektumként");
+  addJson(show, options.show.json);
 
   CLI::App* const patch = addCommand(*commands, "patch", "Másolatot ír egy Setup értékeivel.");
   addFile(patch, "FW.hex", options.patch.firmware, "A firmware, amely nem változik");
