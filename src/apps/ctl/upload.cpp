@@ -34,7 +34,7 @@ void printTiming(const std::vector<ports::PortEvent>& events) {
 
 std::string vcdOf(const shell::Lap& lap, const std::vector<ports::PortEvent>& events) {
   const link::PinMap& pins = link::pinMap(lap.pcb());
-  const std::int32_t address = link::portAddress(lap.port.LPT.text());
+  const std::int32_t address = lap.selectedAddress();
   return ports::vcd({address, link::controlAddress(address), link::dataPinNames(pins),
                      link::controlPinNames(pins)},
                     events);
