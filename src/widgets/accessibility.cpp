@@ -25,16 +25,26 @@ class JogButtonAccess : public QAccessibleWidget {
   JogButton* button_;
 };
 
-/// Arrows and their value in one; the arrows themselves are no children of their own.
-class SpinArrowsAccess : public QAccessibleWidget, public QAccessibleValueInterface {
+/// A widget with a number that a screen reader reads, but never sets.
+class ValueAccess : public QAccessibleWidget, public QAccessibleValueInterface {
  public:
-  explicit SpinArrowsAccess(SpinArrows* arrows)
-      : QAccessibleWidget(arrows, QAccessible::SpinBox), arrows_(arrows) {}
+  using QAccessibleWidget::QAccessibleWidget;
 
   void* interface_cast(QAccessible::InterfaceType type) override {
     if (type == QAccessible::ValueInterface) return static_cast<QAccessibleValueInterface*>(this);
     return QAccessibleWidget::interface_cast(type);
   }
+
+  void setCurrentValue(const QVariant& /*value*/) override {}
+  QVariant minimumStepSize() const override { return 1; }
+};
+
+/// Arrows and their value in one; the arrows themselves are no children of their own.
+class SpinArrowsAccess : public ValueAccess {
+ public:
+  explicit SpinArrowsAccess(SpinArrows* arrows)
+      : ValueAccess(arrows, QAccessible::SpinBox), arrows_(arrows) {}
+
   int childCount() const override { return 0; }
   QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
 
@@ -45,30 +55,20 @@ class SpinArrowsAccess : public QAccessibleWidget, public QAccessibleValueInterf
   }
 
   QVariant currentValue() const override { return arrows_->value(); }
-  void setCurrentValue(const QVariant& /*value*/) override {}  // it is stepped, and only so
   QVariant minimumValue() const override { return arrows_->min(); }
   QVariant maximumValue() const override { return arrows_->max(); }
-  QVariant minimumStepSize() const override { return 1; }
 
  private:
   SpinArrows* arrows_;
 };
 
-class LedBarAccess : public QAccessibleWidget, public QAccessibleValueInterface {
+class LedBarAccess : public ValueAccess {
  public:
-  explicit LedBarAccess(LedBar* bar)
-      : QAccessibleWidget(bar, QAccessible::ProgressBar), bar_(bar) {}
-
-  void* interface_cast(QAccessible::InterfaceType type) override {
-    if (type == QAccessible::ValueInterface) return static_cast<QAccessibleValueInterface*>(this);
-    return QAccessibleWidget::interface_cast(type);
-  }
+  explicit LedBarAccess(LedBar* bar) : ValueAccess(bar, QAccessible::ProgressBar), bar_(bar) {}
 
   QVariant currentValue() const override { return bar_->level(); }
-  void setCurrentValue(const QVariant& /*value*/) override {}  // it only shows
   QVariant minimumValue() const override { return 0; }
   QVariant maximumValue() const override { return LedBar::full; }
-  QVariant minimumStepSize() const override { return 1; }
 
  private:
   LedBar* bar_;
