@@ -123,7 +123,7 @@ std::optional<link::Pcb> boardOf(const std::vector<std::string>& names) {
 struct Plan {
   Layout layout;
   WireCodes codes;
-  std::string fault;  ///< what other names of the two wires would mend; empty if nothing is wrong
+  std::string fault;  ///< why the two wires must be named; empty if all is well
 };
 
 Plan planOwn(const VcdDeclarations& declarations, link::Pcb pcb) {
