@@ -74,8 +74,7 @@ std::string advice(const PortState& state) {
   }
   if (state.shared) {
     return "A nyomtató meghajtója is használhatja a portot. Egy közben indított nyomtatás a "
-           "kilépésig "
-           "vár, és amikor a kernel átadja neki a portot, a gép lefagyhat.";
+           "kilépésig vár, és amikor a kernel átadja neki a portot, a gép lefagyhat.";
   }
   return {};
 }
