@@ -11,6 +11,8 @@ namespace monitra::compare {
 /// and, in grey behind it, another one. Below it the rates: up to where the current limiting works,
 /// and from where steps get lost.
 class CurveView : public QWidget {
+  Q_OBJECT
+
  public:
   using Picture = std::optional<revisions::AxisPicture>;
 
